@@ -1,0 +1,63 @@
+# Declares the project's modules and keeps them apart: a module includes its own files and those of the modules that it
+# names after USES, and links nothing else. The recorded edges are held against every #include by a test.
+include(GoogleTest)
+
+option(QUILTOR_WERROR "Treat warnings as errors" OFF)
+
+add_library(quiltor_warnings INTERFACE)
+target_compile_options(quiltor_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+if(QUILTOR_WERROR)
+  target_compile_options(quiltor_warnings INTERFACE -Werror)
+endif()
+
+# One result on every processor: a fused multiply-add rounds once where the formulas round twice.
+add_library(quiltor_language INTERFACE)
+target_compile_features(quiltor_language INTERFACE cxx_std_20)
+target_compile_options(quiltor_language INTERFACE -ffp-contract=off -fvisibility=hidden -fvisibility-inlines-hidden)
+target_include_directories(quiltor_language INTERFACE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/src")
+
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# quiltor_module(render/kernels USES base formats LIBRARIES hwy::hwy SOURCES a.cpp TESTS a_test.cpp)
+#
+# Makes the static library quiltor_render_kernels (an interface library without SOURCES) and, with TESTS, the program
+# render_kernels_test, which links the module and nothing above it. TEST_LIBRARIES are linked to that program only.
+function(quiltor_module name)
+  cmake_parse_arguments(arg "" "" "USES;LIBRARIES;SOURCES;TESTS;TEST_LIBRARIES" ${ARGN})
+  string(REPLACE "/" "_" target "${name}")
+  set(library "quiltor_${target}")
+  if(arg_SOURCES)
+    add_library(${library} STATIC ${arg_SOURCES})
+    set(scope PUBLIC)
+    target_link_libraries(${library} PRIVATE quiltor_warnings)
+  else()
+    add_library(${library} INTERFACE)
+    set(scope INTERFACE)
+  endif()
+  target_link_libraries(${library} ${scope} quiltor_language ${arg_LIBRARIES})
+  foreach(used IN LISTS arg_USES)
+    string(REPLACE "/" "_" used_target "${used}")
+    target_link_libraries(${library} ${scope} quiltor_${used_target})
+  endforeach()
+  if(arg_TESTS)
+    add_executable(${target}_test ${arg_TESTS})
+    target_link_libraries(${target}_test PRIVATE ${library} quiltor_warnings ${arg_TEST_LIBRARIES} GTest::gmock
+                                                 GTest::gtest_main)
+    gtest_discover_tests(${target}_test TEST_PREFIX "${name}: " DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+  endif()
+  file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
+  list(JOIN arg_USES " " uses)
+  set_property(GLOBAL APPEND PROPERTY QUILTOR_LAYERS "${folder} ${name} ${uses}")
+endfunction()
+
+# Writes down the modules and their edges and adds the test that compares them with the sources.
+function(quiltor_check_layers)
+  get_property(layers GLOBAL PROPERTY QUILTOR_LAYERS)
+  list(JOIN layers "\n" text)
+  file(WRITE "${PROJECT_BINARY_DIR}/layers.txt" "${text}\n")
+  add_test(NAME "layers: every include follows a declared edge"
+           COMMAND "${CMAKE_COMMAND}" -DROOT=${PROJECT_SOURCE_DIR} -DLAYERS=${PROJECT_BINARY_DIR}/layers.txt -P
+                   "${PROJECT_SOURCE_DIR}/cmake/check_layers.cmake")
+endfunction()

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+
+#include "hostapi/effect.h"
+
+namespace quiltor {
+
+// One suite for a few calls: acquired by the constructor, released by the destructor, null when the host does not offer
+// it. With an output record a failure is shown to the user through the host's message; without one it is silent, for
+// suites whose absence is normal.
+template <class Table>
+class ScopedSuite {
+ public:
+  ScopedSuite(const SPBasicSuite* basic, const char* name, int32_t version, PF_OutData* messages = nullptr)
+      : basic_(basic), name_(name), version_(version), messages_(messages) {
+    const void* table = nullptr;
+    error_ = basic ? basic->AcquireSuite(name, version, &table) : kSPBadParameterError;
+    acquired_ = error_ == kSPNoError && table;
+    if (acquired_) table_ = static_cast<const Table*>(table);
+    if (!acquired_) show("Not able to acquire AEFX Suite.");
+  }
+
+  ~ScopedSuite() {
+    if (acquired_ && basic_->ReleaseSuite(name_, version_) != kSPNoError) show("Not able to release AEFX Suite.");
+  }
+
+  ScopedSuite(const ScopedSuite&) = delete;
+  ScopedSuite& operator=(const ScopedSuite&) = delete;
+
+  explicit operator bool() const { return acquired_; }
+  const Table* operator->() const { return table_; }
+  // The basic suite's own answer to the acquisition.
+  SPErr error() const { return error_; }
+
+ private:
+  void show(const char* message) {
+    if (!messages_) return;
+    messages_->out_flags |= PF_OutFlag_DISPLAY_ERROR_MESSAGE;
+    std::snprintf(messages_->return_msg, sizeof messages_->return_msg, "%s", message);
+  }
+
+  const SPBasicSuite* basic_;
+  const char* name_;
+  int32_t version_;
+  PF_OutData* messages_;
+  const Table* table_ = nullptr;
+  SPErr error_ = kSPNoError;
+  bool acquired_ = false;
+};
+
+}  // namespace quiltor

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "hostapi/suites_aegp.h"
+#include "hostapi/suites_pf.h"
+
+namespace quiltor {
+
+// One per handler call, on the handler's stack. Acquires each host suite on first use and releases all of them, in slot
+// order, when it goes out of scope. Not shared between threads. A suite that the host does not offer throws 516.
+class SuiteHandler {
+ public:
+  explicit SuiteHandler(const SPBasicSuite* basic) : basic_(basic) {}
+  ~SuiteHandler();
+  SuiteHandler(const SuiteHandler&) = delete;
+  SuiteHandler& operator=(const SuiteHandler&) = delete;
+
+  const PF_HandleSuite1& handles() { return table<PF_HandleSuite1>(Slot::Handle); }
+  const PF_ANSICallbacksSuite1& ansi() { return table<PF_ANSICallbacksSuite1>(Slot::Ansi); }
+  const PF_Iterate8Suite1& iterate8() { return table<PF_Iterate8Suite1>(Slot::Iterate8); }
+  const PF_AdvAppSuite1& advApp() { return table<PF_AdvAppSuite1>(Slot::AdvApp); }
+  const AEGP_UtilitySuite3& utility() { return table<AEGP_UtilitySuite3>(Slot::Utility); }
+  const AEGP_PFInterfaceSuite1& pfInterface() { return table<AEGP_PFInterfaceSuite1>(Slot::PFInterface); }
+  const AEGP_StreamSuite2& streams() { return table<AEGP_StreamSuite2>(Slot::Stream); }
+
+ private:
+  enum class Slot { Handle, Ansi, Iterate8, AdvApp, Utility, PFInterface, Stream, Count };
+
+  struct SuiteId {
+    const char* name;
+    int32_t version;
+  };
+  static constexpr size_t kSlots = static_cast<size_t>(Slot::Count);
+  static const std::array<SuiteId, kSlots> kSuites;
+
+  template <class Table>
+  const Table& table(Slot slot) {
+    return *static_cast<const Table*>(acquire(slot));
+  }
+  const void* acquire(Slot slot);
+
+  const SPBasicSuite* basic_;
+  std::array<const void*, kSlots> tables_{};
+};
+
+}  // namespace quiltor
