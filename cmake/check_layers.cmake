@@ -1,3 +1,5 @@
+cmake_minimum_required(VERSION 3.25)
+
 # Compares every #include "folder/file.h" of the project with the edges that quiltor_module() recorded. Each line of
 # LAYERS is: folder, module name, modules that it uses.
 file(STRINGS "${LAYERS}" lines)
