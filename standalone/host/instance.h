@@ -1,0 +1,89 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "standalone/host/effect.h"
+#include "standalone/host/frame.h"
+
+namespace quiltor::standalone {
+
+// Gives the world of a layer at a layer time, or null for no layer there. The world must outlive the render.
+using LayerSource = std::function<const World*(A_long time, A_u_long timeScale)>;
+
+// One application of the effect to a layer. All calls belong on the host's main thread, but for `render...`,
+// `resetup...` and `call`, which any thread may use, several at once.
+class Instance {
+ public:
+  // Calls nothing yet.
+  explicit Instance(Effect& effect);
+  // Shuts down when that was not done.
+  ~Instance();
+  Instance(const Instance&) = delete;
+  Instance& operator=(const Instance&) = delete;
+
+  // --- Sequence data ---
+  CallResult setUp();  // PF_Cmd_SEQUENCE_SETUP
+  // PF_Cmd_SEQUENCE_RESETUP with a new handle that holds `flat`, with null, or with the handle that is kept now.
+  CallResult resetupFrom(std::span<const unsigned char> flat);
+  CallResult resetupFromNull();
+  CallResult resetup();
+  CallResult flatten();  // PF_Cmd_SEQUENCE_FLATTEN; the instance is flat afterwards
+  // PF_Cmd_GET_FLATTENED_SEQUENCE_DATA: `flat` receives a copy of the bytes, empty when the effect stored null.
+  CallResult getFlattened(std::vector<unsigned char>& flat);
+  // PF_Cmd_SEQUENCE_SETDOWN when anything was set up. Harmless when repeated.
+  CallResult shutDown();
+  [[nodiscard]] PF_Handle sequenceData() const { return sequenceData_; }
+  // The bytes of the handle that is kept now; empty without one.
+  [[nodiscard]] std::vector<unsigned char> sequenceBytes() const;
+
+  // --- Parameter values, by index. A wrong index or kind throws std::invalid_argument. ---
+  void setNumber(int index, double value);  // sliders; angles in degrees
+  void setChoice(int index, int item);      // popups, from 1
+  void setChecked(int index, bool on);
+  void setColor(int index, const PF_Pixel& color);
+  void setPointPercent(int index, double x, double y);  // percent of the layer
+  void setPointPixels(int index, double x, double y);   // full-resolution pixels of the layer
+  void setPath(int index, PF_PathID id);
+  void setLayer(int index, const World* world);  // null: no layer; the world must outlive the renders
+  void setLayer(int index, LayerSource source);
+  // Changes the delivered record of a parameter at a given time, after the values above were applied.
+  using Adjust = std::function<void(PF_ParamDef&, A_long time, A_u_long timeScale)>;
+  void adjust(int index, Adjust hook);
+
+  // --- Frames ---
+  RenderResult render(const Frame& frame);       // frame setup, render, frame setdown
+  RenderResult renderSmart(const Frame& frame);  // pre-render, render, the delete function
+
+  // --- User interface ---
+  CallResult userChanged(int index);  // PF_Cmd_USER_CHANGED_PARAM with the current values
+  CallResult updateUi();              // PF_Cmd_UPDATE_PARAMS_UI with the current values
+  CallResult doDialog();              // PF_Cmd_DO_DIALOG
+  // What the effect did to the panel: the flags of a parameter's stream and its last updated definition.
+  [[nodiscard]] A_u_long streamFlags(int index) const;
+  [[nodiscard]] const PF_ParamDef* updatedUi(int index) const;  // null when never updated
+
+  // Any selector for this instance. The sequence handle that the effect stores is kept as after the typed calls.
+  CallResult call(const Call& call);
+  // The current values as the effect gets them in `params`; entry 0 holds `input` (or no pixels). Valid while the
+  // returned object lives.
+  class ParamArray {
+   public:
+    [[nodiscard]] PF_ParamDef** pointers() { return pointers_.data(); }
+    [[nodiscard]] PF_ParamDef& operator[](std::size_t index) { return values_[index]; }
+
+   private:
+    friend class Instance;
+    std::vector<PF_ParamDef> values_;
+    std::vector<PF_ParamDef*> pointers_;
+  };
+  [[nodiscard]] ParamArray params(const World* input = nullptr) const;
+
+ private:
+  Effect& effect_;
+  PF_Handle sequenceData_ = nullptr;
+};
+
+}  // namespace quiltor::standalone

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <limits>
+#include <mutex>
+#include <optional>
+
+namespace quiltor::standalone {
+
+// Classes of host services that can be made to fail.
+enum class HostCall {
+  AcquireSuite,         // answers kSPSuiteNotFoundError, table untouched
+  ReleaseSuite,         // answers kSPSuiteAlreadyReleasedError, but the release counts
+  NewHandle,            // answers null
+  LockHandle,           // answers null, nothing is locked
+  CheckoutParam,        // answers 516, the record is untouched
+  CheckinParam,         // answers 516, but the check-in counts
+  AddParam,             // answers 516, nothing is added
+  RegisterUi,           // answers 516
+  CheckoutLayer,        // smart pre-render: answers 516
+  CheckoutLayerPixels,  // smart render: answers 516
+  CheckoutOutput,       // smart render: answers 516
+  NewWorld,             // answers 4
+  DisposeWorld,         // answers 516, but the world is disposed
+  GetPixelFormat,       // answers 516
+  AddPixelFormat,       // answers 516
+  Iterate,              // answers 4, no iteration is run
+  SetOptionsButton,     // answers 516
+  RegisterEffect,       // answers 516
+  Script,               // answers 516, nothing is run
+  LockMemory,           // answers 516
+  Layer,                // the effect's layer: answers 516
+  EffectReference,      // answers 516
+  Stream,               // a new stream: answers 516
+  StreamValue,          // answers 516
+  StreamFlag,           // answers 516
+  UpdateParamUi,        // answers 516
+  RefreshWindows,       // answers 516
+  Mask,                 // the layer's masks: answers 516
+  Path,                 // path check-out and its data: answers 516
+  MaskWorld,            // fill and mask drawing: answers 516
+  Drawing,              // custom control drawing: answers a suite error
+  Count_,
+};
+
+// Decides which host calls fail, and counts them all. Calls that give something back still do their work when they
+// fail, so that a failure never forces a leak. Thread-safe; the count of concurrent calls is in the order of arrival.
+//
+//   for (std::size_t k = 0;; ++k) {
+//     host.faults().failAt(k);
+//     ... one command ...
+//     if (!host.faults().struck()) break;   // fewer than k + 1 calls: the sweep is complete
+//   }
+class FaultPlan {
+ public:
+  // From now on the k-th call (from 0) fails, of every class or of one; all counts restart at 0.
+  void failAt(std::size_t k);
+  void failAt(HostCall call, std::size_t k);
+  // Every call of the class fails. Counts restart at 0.
+  void failAlways(HostCall call);
+  // Nothing fails. Counts restart at 0.
+  void failNever();
+
+  [[nodiscard]] bool struck() const;  // whether a call was failed since the plan was set
+  [[nodiscard]] std::size_t count() const;
+  [[nodiscard]] std::size_t count(HostCall call) const;
+
+  // For the services: counts one call and tells whether it has to fail.
+  [[nodiscard]] bool strikes(HostCall call);
+
+ private:
+  static constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
+  void restart(std::optional<HostCall> call, std::size_t k, bool always);
+
+  mutable std::mutex mutex_;
+  std::optional<HostCall> call_;
+  std::size_t k_ = kNever;
+  bool always_ = false;
+  bool struck_ = false;
+  std::size_t total_ = 0;
+  std::array<std::size_t, static_cast<std::size_t>(HostCall::Count_)> counts_{};
+};
+
+}  // namespace quiltor::standalone

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "hostapi/effect.h"
+#include "standalone/host/services/world.h"
+
+namespace quiltor::standalone {
+
+// The layer's transform, in full-resolution units: scale in percent, rotation in degrees.
+struct LayerTransform {
+  double positionX = 0, positionY = 0;
+  double anchorX = 0, anchorY = 0;
+  double scaleX = 100, scaleY = 100;
+  double rotation = 0;
+};
+
+// What smart rendering hands out as the pixels of a layer parameter that has no layer.
+enum class NoLayerPixels { Error, NullWorld, EmptyWorld };
+
+// What a script run by the effect comes back with. Without a value the result handle is null.
+struct ScriptAnswer {
+  std::optional<std::string> result;
+  std::optional<std::string> error;
+  PF_Err code = PF_Err_NONE;
+};
+
+// Everything a test may turn. Fields may be changed between two calls into the effect, not during one.
+struct HostOptions {
+  A_long appId = kAppId_AfterEffects;
+  PF_SpecVersion interfaceVersion{13, 28};
+
+  int iterateThreads = 4;
+  bool offerIterateGeneric = true;  // false: the slot is null
+  std::set<std::pair<std::string, int>> suitesNotOffered;
+
+  // Different on purpose, so that an effect that takes one for the other is found.
+  RowLayout inputRows{.paddingBytes = 20, .bottomUp = false};
+  RowLayout outputRows{.paddingBytes = 36, .bottomUp = false};
+  NoLayerPixels noLayerPixels = NoLayerPixels::EmptyWorld;
+
+  A_long quality = PF_Quality_HI;
+  A_long currentTime = 0;
+  A_long timeStep = 1;
+  A_u_long timeScale = 25;
+  A_long totalTime = 250;
+  PF_Field field = PF_Field_FRAME;
+  PF_RationalScale downsampleX{1, 1};
+  PF_RationalScale downsampleY{1, 1};
+  PF_RationalScale pixelAspect{1, 1};
+  bool preserveRgbOfZeroAlpha = false;
+
+  LayerTransform transform;
+  // When set, the transform at a layer time in seconds; `transform` is then not used.
+  std::function<LayerTransform(double)> transformAt;
+
+  // Answers abort and progress calls: the argument counts them from 0 since the last call into the effect began. Empty:
+  // always 0. Called on the thread of the effect's call or of iterate's thread index 0.
+  std::function<PF_Err(int)> onAbort;
+  // Runs scripts. Empty: scripts do nothing and have no result.
+  std::function<ScriptAnswer(const std::string&)> onScript;
+  // Receives one line per selector, suite, script and other event worth following. Called from any thread, one at a
+  // time.
+  std::function<void(std::string_view)> trace;
+};
+
+}  // namespace quiltor::standalone
