@@ -1,0 +1,45 @@
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+#include "platform/data_folder.h"
+
+namespace quiltor {
+namespace {
+
+// An empty variable counts as one that is not set.
+std::string folderFromVariable(const char* name) {
+  const char* value = std::getenv(name);
+  std::string folder = value ? value : "";
+  while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  return folder;
+}
+
+std::string folderInHome(const char* subfolder) {
+  const std::string home = folderFromVariable("HOME");
+  return home.empty() ? "" : home + subfolder;
+}
+
+bool isWritableFolder(const char* path) {
+  struct stat status;
+  return stat(path, &status) == 0 && S_ISDIR(status.st_mode) && access(path, W_OK | X_OK) == 0;
+}
+
+}  // namespace
+
+std::string userDataFolder() {
+  const std::string folder = folderFromVariable("XDG_CONFIG_HOME");
+  return folder.empty() ? folderInHome("/.config") : folder;
+}
+
+std::string allUsersDataFolder() {
+  const std::string chosen = folderFromVariable("QUILTOR_ALLUSERS_DIR");
+  if (!chosen.empty()) return chosen;
+  // Only an administrator can share a library between users; without one the user's own data folder stands in.
+  if (isWritableFolder("/var/lib/Quiltor")) return "/var/lib";
+  const std::string folder = folderFromVariable("XDG_DATA_HOME");
+  return folder.empty() ? folderInHome("/.local/share") : folder;
+}
+
+}  // namespace quiltor
