@@ -1,3 +1,5 @@
+#include "platform/data_folder_posix.h"
+
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -21,9 +23,9 @@ std::string folderInHome(const char* subfolder) {
   return home.empty() ? "" : home + subfolder;
 }
 
-bool isWritableFolder(const char* path) {
+bool isWritableFolder(const std::string& path) {
   struct stat status;
-  return stat(path, &status) == 0 && S_ISDIR(status.st_mode) && access(path, W_OK | X_OK) == 0;
+  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && access(path.c_str(), W_OK | X_OK) == 0;
 }
 
 }  // namespace
@@ -33,13 +35,15 @@ std::string userDataFolder() {
   return folder.empty() ? folderInHome("/.config") : folder;
 }
 
-std::string allUsersDataFolder() {
+std::string allUsersDataFolder(const std::string& systemFolder) {
   const std::string chosen = folderFromVariable("QUILTOR_ALLUSERS_DIR");
   if (!chosen.empty()) return chosen;
   // Only an administrator can share a library between users; without one the user's own data folder stands in.
-  if (isWritableFolder("/var/lib/Quiltor")) return "/var/lib";
+  if (isWritableFolder(systemFolder + "/Quiltor")) return systemFolder;
   const std::string folder = folderFromVariable("XDG_DATA_HOME");
   return folder.empty() ? folderInHome("/.local/share") : folder;
 }
+
+std::string allUsersDataFolder() { return allUsersDataFolder("/var/lib"); }
 
 }  // namespace quiltor

@@ -5,9 +5,9 @@
 
 namespace quiltor {
 
-// A mutex that all threads of all of a user's processes share by its name (letters and digits). The system frees it when
-// its owner dies. Not recursive. lock() waits without a time limit. Where the system refuses the shared part, the threads
-// of this process still exclude one another. Meets the standard's BasicLockable, for std::lock_guard.
+// A mutex that all threads of all of a user's processes share by its name (letters and digits). The system frees it
+// when its owner dies. Not recursive. lock() waits without a time limit. Where the system refuses the shared part, the
+// threads that use this object still exclude one another. Meets the standard's BasicLockable, for std::lock_guard.
 class NamedMutex {
  public:
   explicit NamedMutex(const std::string& name);

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <mutex>
 
@@ -14,7 +15,7 @@ namespace {
 
 std::string lockFilePath(const std::string& name) {
   const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
-  const std::string folder = runtimeFolder && *runtimeFolder ? runtimeFolder : "/tmp";
+  const std::string folder = runtimeFolder && *runtimeFolder ? runtimeFolder : P_tmpdir;
   return folder + "/quiltor-" + name + "-" + std::to_string(getuid()) + ".lock";
 }
 
@@ -45,8 +46,8 @@ bool wasDeleted(int descriptor) {
 
 }  // namespace
 
-// A file lock belongs to the open file, so the processes exclude one another, but threads that use one descriptor do not:
-// they wait for the plain mutex first.
+// A file lock belongs to the open file, so the processes exclude one another, but threads that use one descriptor do
+// not: they wait for the plain mutex first.
 struct NamedMutex::State {
   std::string path;
   std::mutex threads;

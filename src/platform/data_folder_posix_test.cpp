@@ -1,0 +1,89 @@
+#include "platform/data_folder_posix.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "platform/data_folder.h"
+#include "platform/environment_override.h"
+#include "platform/scratch_folder.h"
+
+namespace quiltor {
+namespace {
+
+// The four variables that the data folders depend on.
+class DataFolder : public testing::Test {
+ protected:
+  ScratchFolder scratch_;
+  EnvironmentOverride home_{"HOME", "/home/someone"};
+  EnvironmentOverride config_{"XDG_CONFIG_HOME", std::nullopt};
+  EnvironmentOverride data_{"XDG_DATA_HOME", std::nullopt};
+  EnvironmentOverride allUsers_{"QUILTOR_ALLUSERS_DIR", std::nullopt};
+};
+
+TEST_F(DataFolder, OfTheUserIsTheConfigurationFolder) {
+  const EnvironmentOverride config("XDG_CONFIG_HOME", "/elsewhere/config");
+  EXPECT_EQ(userDataFolder(), "/elsewhere/config");
+}
+
+TEST_F(DataFolder, OfTheUserIsInTheHomeFolderWhenNoConfigurationFolderIsSet) {
+  EXPECT_EQ(userDataFolder(), "/home/someone/.config");
+}
+
+TEST_F(DataFolder, AnEmptyVariableCountsAsUnset) {
+  const EnvironmentOverride config("XDG_CONFIG_HOME", "");
+  const EnvironmentOverride allUsers("QUILTOR_ALLUSERS_DIR", "");
+  const EnvironmentOverride data("XDG_DATA_HOME", "");
+  EXPECT_EQ(userDataFolder(), "/home/someone/.config");
+  EXPECT_EQ(allUsersDataFolder(scratch_.path()), "/home/someone/.local/share");
+}
+
+TEST_F(DataFolder, OfTheUserIsEmptyWithoutAHomeFolder) {
+  const EnvironmentOverride home("HOME", std::nullopt);
+  EXPECT_EQ(userDataFolder(), "");
+}
+
+TEST_F(DataFolder, OfAllUsersIsTheChosenOneAboveAnyOther) {
+  std::filesystem::create_directory(scratch_.path("Quiltor"));
+  const EnvironmentOverride data("XDG_DATA_HOME", "/elsewhere/data");
+  const EnvironmentOverride allUsers("QUILTOR_ALLUSERS_DIR", "/shared/between/users");
+  EXPECT_EQ(allUsersDataFolder(scratch_.path()), "/shared/between/users");
+  EXPECT_EQ(allUsersDataFolder(), "/shared/between/users");
+}
+
+TEST_F(DataFolder, OfAllUsersIsTheSystemsWhenAnAdministratorPreparedIt) {
+  std::filesystem::create_directory(scratch_.path("Quiltor"));
+  const EnvironmentOverride data("XDG_DATA_HOME", "/elsewhere/data");
+  EXPECT_EQ(allUsersDataFolder(scratch_.path()), scratch_.path());
+}
+
+TEST_F(DataFolder, OfAllUsersIsTheUsersOwnWhenTheSystemsIsMissing) {
+  EXPECT_EQ(allUsersDataFolder(scratch_.path()), "/home/someone/.local/share");
+  const EnvironmentOverride data("XDG_DATA_HOME", "/elsewhere/data");
+  EXPECT_EQ(allUsersDataFolder(scratch_.path()), "/elsewhere/data");
+}
+
+TEST_F(DataFolder, OfAllUsersIsTheUsersOwnWhenTheSystemsIsAFile) {
+  std::ofstream(scratch_.path("Quiltor")) << "not a folder";
+  EXPECT_EQ(allUsersDataFolder(scratch_.path()), "/home/someone/.local/share");
+}
+
+TEST_F(DataFolder, OfAllUsersIsTheUsersOwnWhenTheSystemsCannotBeWritten) {
+  std::filesystem::create_directory(scratch_.path("Quiltor"));
+  std::filesystem::permissions(scratch_.path("Quiltor"), std::filesystem::perms::owner_read);
+  // An administrator may write whatever the permissions say.
+  const std::string expected = geteuid() == 0 ? scratch_.path() : "/home/someone/.local/share";
+  EXPECT_EQ(allUsersDataFolder(scratch_.path()), expected);
+}
+
+TEST_F(DataFolder, HasNoSeparatorAtItsEnd) {
+  const EnvironmentOverride config("XDG_CONFIG_HOME", "/elsewhere/config//");
+  const EnvironmentOverride allUsers("QUILTOR_ALLUSERS_DIR", "/shared/");
+  EXPECT_EQ(userDataFolder(), "/elsewhere/config");
+  EXPECT_EQ(allUsersDataFolder(), "/shared");
+}
+
+}  // namespace
+}  // namespace quiltor
