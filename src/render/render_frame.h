@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+
+#include "render/kernels/sample.h"
+#include "render/render_block.h"
+#include "render/render_transform.h"
+
+namespace quiltor {
+
+// What the passes of one frame share besides the block and the transform.
+struct FrameState {
+  // The rows and columns that input and result have in common; beyond them the result is transparent.
+  int32_t width = 0;
+  int32_t height = 0;
+  PatternPixels pattern;
+};
+
+// Draws the frame into the block's result: sampling, blur, compositing, each pass on all workers and joined before the
+// next. Replaceable; the driver skips the call when there is none.
+using RenderFrame = void (*)(RenderBlock&, FrameState&, RenderTransform&);
+extern RenderFrame renderFrame;
+
+}  // namespace quiltor
