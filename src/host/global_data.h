@@ -7,9 +7,9 @@
 
 namespace quiltor {
 
-// Anything that the effect creates after global setup and wants destroyed at global setdown.
+// Anything that the effect creates after global setup and wants destroyed at global setdown. Its destructor may throw.
 struct OwnedObject {
-  virtual ~OwnedObject() = default;
+  virtual ~OwnedObject() noexcept(false) {}
 };
 
 // The effect's data for as long as the host has it loaded, inside a host handle.

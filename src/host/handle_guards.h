@@ -6,8 +6,8 @@
 
 namespace quiltor {
 
-// A locked host handle. get() is null when there is no handle or when the host could not lock it; null is never passed to
-// the host.
+// A locked host handle. get() is null when there is no handle or when the host could not lock it; null is never passed
+// to the host.
 class HandleLock {
  public:
   HandleLock(const PF_HandleSuite1& handles, PF_Handle handle)

@@ -14,8 +14,8 @@ inline constexpr int kTextSlots = 32;
 // "*****". It is the only thing about the pick that travels between the copies of an instance that a host keeps.
 inline constexpr int kSelectionSlot = 0;
 
-inline constexpr int kPreviewSize = 50;                                    // pixels, both ways
-inline constexpr size_t kPreviewBytes = kPreviewSize * kPreviewSize * 4;   // blue, green, red, alpha
+inline constexpr int kPreviewSize = 50;                                   // pixels, both ways
+inline constexpr size_t kPreviewBytes = kPreviewSize * kPreviewSize * 4;  // blue, green, red, alpha
 
 // An effect instance's live data, inside a host handle. The pointers own what they point to; they are built and
 // destroyed by the sequence handlers alone. Its flat form begins with the same bytes and is told apart by the flag.
