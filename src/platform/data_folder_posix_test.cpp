@@ -67,6 +67,7 @@ TEST_F(DataFolder, OfAllUsersIsTheUsersOwnWhenTheSystemsIsMissing) {
 
 TEST_F(DataFolder, OfAllUsersIsTheUsersOwnWhenTheSystemsIsAFile) {
   std::ofstream(scratch_.path("Quiltor")) << "not a folder";
+  std::filesystem::permissions(scratch_.path("Quiltor"), std::filesystem::perms::owner_all);
   EXPECT_EQ(allUsersDataFolder(scratch_.path()), "/home/someone/.local/share");
 }
 
