@@ -1,0 +1,10 @@
+#include "host/render_mutex.h"
+
+namespace quiltor {
+
+NamedMutex& renderMutex() {
+  static NamedMutex mutex("MYMU");
+  return mutex;
+}
+
+}  // namespace quiltor
