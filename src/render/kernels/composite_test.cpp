@@ -1,0 +1,108 @@
+#include "render/kernels/composite.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+
+#include "render/kernels/blend_modes.h"
+
+namespace quiltor {
+namespace {
+
+using Pixel = std::array<float, 4>;
+
+Pixel composite(const Pixel& input, Pixel pattern, BlendMode mode, double opacity = 1) {
+  compositeRow(input.data(), ChannelType::Float, static_cast<int32_t>(mode), opacity, 1, pattern.data());
+  return pattern;
+}
+
+// The mix of one channel of two opaque pixels: nothing of the input shows through.
+float mix(float input, float pattern, BlendMode mode) {
+  return composite({input, input, input, 1}, {pattern, pattern, pattern, 1}, mode)[0];
+}
+
+TEST(Composite, PassesATransparentInputThroughInEveryMode) {
+  for (int32_t mode = 0; mode <= static_cast<int32_t>(BlendMode::Count); ++mode) {
+    const Pixel input{0.2f, -3, 7, 0};
+    EXPECT_EQ(composite(input, {0.9f, 0.8f, 0.1f, 0.6f}, static_cast<BlendMode>(mode), 0.5), input) << mode;
+  }
+}
+
+TEST(Composite, NormalTakesThePatternsColourAndSquaresTheInputsAlpha) {
+  EXPECT_EQ(composite({0.1f, 0.2f, 0.3f, 0.5f}, {0.75f, 0.5f, 0.25f, 1}, BlendMode::Normal),
+            (Pixel{0.75f, 0.5f, 0.25f, 0.25f}));
+}
+
+TEST(Composite, OpacityZeroKeepsTheColourButNotTheAlpha) {
+  const Pixel out = composite({0.5f, 0.25f, 1, 0.5f}, {0, 0, 0, 1}, BlendMode::Multiply, 0);
+  EXPECT_EQ(out, (Pixel{0.5f, 0.25f, 1, 0.5f}));  // (1 - 1) * 0.5 + 1, times the input's 0.5
+  EXPECT_EQ(composite({0.5f, 0.25f, 1, 0.5f}, {0, 0, 0, 1}, BlendMode::Normal, 0)[3], 0.25f);
+}
+
+TEST(Composite, StencilsTakeTheirAlphaFromThePatternUpToTheInputs) {
+  const Pixel input{0.1f, 0.2f, 0.3f, 0.5f};
+  EXPECT_EQ(composite(input, {1, 1, 1, 0.25f}, BlendMode::StencilAlpha), (Pixel{0.1f, 0.2f, 0.3f, 0.125f}));
+  EXPECT_EQ(composite(input, {1, 1, 1, 0.75f}, BlendMode::StencilAlpha), (Pixel{0.1f, 0.2f, 0.3f, 0.25f}));
+  EXPECT_EQ(composite(input, {1, 1, 1, 0.75f}, BlendMode::SilhouetteAlpha), (Pixel{0.1f, 0.2f, 0.3f, 0.125f}));
+  // 0.375 * 0.5 + 0.5 * 0.25 + 0.125 * 0.5
+  EXPECT_EQ(composite(input, {0.5f, 0.25f, 0.5f, 1}, BlendMode::StencilLuma)[3], 0.1875f);
+  EXPECT_EQ(composite(input, {0.5f, 0.25f, 0.5f, 1}, BlendMode::SilhouetteLuma)[3], 0.25f);
+  EXPECT_EQ(composite(input, {4, 4, 4, 1}, BlendMode::SilhouetteLuma)[3], 0);
+}
+
+TEST(Composite, ColorDodgeIsOneAtAWhiteInputAndLimitedBelowIt) {
+  EXPECT_EQ(mix(1, 0, BlendMode::ColorDodge), 1);
+  EXPECT_EQ(mix(0.75f, 0.5f, BlendMode::ColorDodge), 1);
+  EXPECT_EQ(mix(0.5f, 0.25f, BlendMode::ColorDodge), 0.5f);
+}
+
+TEST(Composite, ColorBurnIsZeroAtABlackInputAndLimitedAboveIt) {
+  EXPECT_EQ(mix(0, 1, BlendMode::ColorBurn), 0);
+  EXPECT_EQ(mix(0.25f, 0.5f, BlendMode::ColorBurn), 0);
+  EXPECT_EQ(mix(0.5f, 0.75f, BlendMode::ColorBurn), 0.5f);
+}
+
+TEST(Composite, HardMixIsZeroOrOne) {
+  for (int i = 0; i <= 32; ++i) {
+    for (int p = 0; p <= 32; ++p) {
+      const float m = mix(static_cast<float>(i) / 32, static_cast<float>(p) / 32, BlendMode::HardMix);
+      EXPECT_TRUE(m == 0 || m == 1) << i << " " << p;
+    }
+  }
+}
+
+TEST(Composite, CutsAMixAboveOneAndKeepsOneBelowZero) {
+  EXPECT_EQ(mix(2, 3, BlendMode::Multiply), 1);
+  EXPECT_EQ(mix(-1, 0.5f, BlendMode::Multiply), -0.5f);
+}
+
+TEST(Composite, OverlayAsksThePatternAndHardLightTheInput) {
+  EXPECT_EQ(mix(0.25f, 0.75f, BlendMode::Overlay), 0.625f);
+  EXPECT_EQ(mix(0.75f, 0.25f, BlendMode::Overlay), 0.375f);
+  EXPECT_EQ(mix(0.25f, 0.75f, BlendMode::HardLight), 0.375f);
+  EXPECT_EQ(mix(0.75f, 0.25f, BlendMode::HardLight), 0.625f);
+}
+
+TEST(Composite, AModeBeyondTheLastMixesToBlack) {
+  EXPECT_EQ(mix(0.5f, 0.5f, BlendMode::Count), 0);
+  EXPECT_EQ(mix(0.5f, 0.5f, static_cast<BlendMode>(-1)), 0);
+}
+
+TEST(Composite, AByteOf255IsExactlyOne) {
+  const uint8_t input[4] = {255, 0, 51, 255};
+  Pixel out{0, 0, 0, 0};
+  compositeRow(input, ChannelType::Byte, static_cast<int32_t>(BlendMode::Lighten), 1, 1, out.data());
+  EXPECT_EQ(out, (Pixel{1, 0, 51 * 0.003921569f, 1}));
+}
+
+TEST(Composite, ANonFinitePatternHarmsItsOwnPixelOnly) {
+  std::array<float, 8> row{std::numeric_limits<float>::quiet_NaN(), 0, 0, 1, 0.5f, 0.5f, 0.5f, 1};
+  const std::array<float, 8> inputs{0.5f, 0.5f, 0.5f, 1, 0.5f, 0.5f, 0.5f, 1};
+  compositeRow(inputs.data(), ChannelType::Float, static_cast<int32_t>(BlendMode::Multiply), 1, 2, row.data());
+  EXPECT_EQ(row[4], 0.25f);
+  EXPECT_EQ(row[7], 1);
+}
+
+}  // namespace
+}  // namespace quiltor

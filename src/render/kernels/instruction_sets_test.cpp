@@ -1,0 +1,116 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <random>
+#include <vector>
+
+#include "hwy/targets.h"
+#include "render/kernels/blend_modes.h"
+#include "render/kernels/blur.h"
+#include "render/kernels/composite.h"
+#include "render/kernels/convert.h"
+#include "render/kernels/sample.h"
+
+namespace quiltor {
+namespace {
+
+// Every instruction set of this processor for which the kernels are built.
+std::vector<int64_t> instructionSets() {
+  std::vector<int64_t> sets;
+  for (int64_t rest = hwy::SupportedTargets() & (HWY_SSE4 | HWY_AVX2 | HWY_AVX3); rest != 0; rest &= rest - 1) {
+    sets.push_back(rest & -rest);
+  }
+  return sets;
+}
+
+// Runs draw on each instruction set and expects the same bytes of all.
+template <class Draw>
+void expectSameOnAll(const Draw& draw) {
+  std::vector<float> first;
+  for (const int64_t set : instructionSets()) {
+    hwy::SetSupportedTargetsForTest(set);
+    const std::vector<float> now = draw();
+    if (first.empty()) first = now;
+    ASSERT_EQ(std::memcmp(now.data(), first.data(), now.size() * sizeof(float)), 0) << hwy::TargetName(set);
+  }
+  hwy::SetSupportedTargetsForTest(0);
+}
+
+std::vector<float> randomChannels(size_t count, unsigned seed) {
+  std::mt19937 random(seed);
+  std::uniform_real_distribution<float> value(-0.25f, 1.25f);
+  std::vector<float> channels(count);
+  for (float& channel : channels) channel = random() % 5 ? value(random) : static_cast<float>(random() % 3) * 0.5f;
+  return channels;
+}
+
+// Lengths that end inside a vector, at its end and behind it.
+const std::vector<size_t> kCounts{1, 2, 3, 4, 5, 7, 8, 9, 15, 16, 17, 33};
+
+TEST(InstructionSets, AreSeveralHere) { EXPECT_GE(instructionSets().size(), 2u); }
+
+TEST(InstructionSets, CompositeToTheSameBitsInEveryMode) {
+  const std::vector<float> input = randomChannels(4 * 33, 1), pattern = randomChannels(4 * 33, 2);
+  for (const size_t count : kCounts) {
+    for (int32_t mode = 0; mode <= static_cast<int32_t>(BlendMode::Count); ++mode) {
+      expectSameOnAll([&] {
+        std::vector<float> row = pattern;
+        compositeRow(input.data(), ChannelType::Float, mode, 0.7, count, row.data());
+        return row;
+      });
+    }
+  }
+}
+
+TEST(InstructionSets, SampleToTheSameBitsInEveryTileMode) {
+  std::vector<uint8_t> texels(7 * 5 * 3);
+  std::mt19937 random(3);
+  for (uint8_t& texel : texels) texel = static_cast<uint8_t>(random());
+  const PatternPixels pattern{texels.data(), texels.size(), 7, 5, 3, ChannelType::Byte};
+  SampleTransform transform{.offsetX = 3, .offsetY = -2, .cosine = 0.8, .sine = 0.6, .scaleFactor = 0.7};
+  transform.tintAmount = 0.3;
+  transform.tintG = 0.5f;
+  for (const TileMode mode : {TileMode::Single, TileMode::Tiled, TileMode::Mirrored}) {
+    transform.tileMode = mode;
+    for (const size_t count : kCounts) {
+      expectSameOnAll([&] {
+        std::vector<float> row(4 * count);
+        sampleRow(pattern, transform, 4, count, row.data());
+        return row;
+      });
+    }
+  }
+}
+
+TEST(InstructionSets, BlurToTheSameBits) {
+  for (const int32_t radius : {1, 2, 9, 40}) {
+    expectSameOnAll([&] {
+      std::vector<float> pixels = randomChannels(4 * 19 * 11, 4);
+      const BlurFrame frame{pixels.data(), 19, 17, 11};
+      const TentFilter across(radius, frame.width), down(radius, frame.height);
+      BlurScratch scratch(frame.width, frame.height);
+      blurAcross(frame, across, 0, frame.height, scratch);
+      blurDown(scratch, down, 0, frame.height, frame);
+      return pixels;
+    });
+  }
+}
+
+TEST(InstructionSets, ConvertToTheSameBitsInEveryFormat) {
+  const std::vector<float> result = randomChannels(4 * 33, 5);
+  for (const WorldFormat format :
+       {WorldFormat::Argb8, WorldFormat::Argb16, WorldFormat::ArgbFloat, WorldFormat::Bgra8, WorldFormat::BgraFloat}) {
+    for (const size_t count : kCounts) {
+      expectSameOnAll([&] {
+        std::vector<float> bytes(4 * 33), copy(4 * 33);
+        writeWorldRow(format, result.data(), 1, count, bytes.data());
+        readWorldRow(format, bytes.data(), count, copy.data());
+        bytes.insert(bytes.end(), copy.begin(), copy.end());
+        return bytes;
+      });
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quiltor
