@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -8,9 +9,9 @@
 
 namespace quiltor {
 
-inline constexpr int32_t kMaxParams = 256;
+inline constexpr size_t kMaxParams = 256;
 inline constexpr int32_t kMaxLayers = 32;
-inline constexpr int32_t kGroupSlots = 16;
+inline constexpr size_t kGroupSlots = 16;
 
 // What the description calls a parameter; the host has types of its own.
 enum class ParamKind : int32_t {
@@ -38,8 +39,8 @@ struct ParamRecord {
   std::string popupText;
   std::string displayName;
   std::array<std::string, 4> alternateNames;
-  std::vector<std::string> popupItems;  // popupText split at "|", for popups
-  int32_t components = 1;
+  std::vector<std::string> popupItems;  // a popup's text split at "|"; a text parameter's whole text as one item
+  int32_t components = 1;               // numbers in a value; 0 for a layer and for a popup with flags
   ParamKind kind = ParamKind::None;
   int32_t visibility = 0;
   std::array<float, 4> defaultValue{};
@@ -48,13 +49,13 @@ struct ParamRecord {
   float maximum = 0;
   float displayMinimum = 0;
   float displayMaximum = 0;
-  std::array<int32_t, kGroupSlots> groups{};
+  std::array<int32_t, kGroupSlots> groups{};  // slot 0 of a switch holds its group, negated
   int32_t flags = 0;
-  int32_t special = 0;
-  int32_t id = -1;
+  int32_t special = 0;  // a flags value of 901 or more, which routes the parameter's value instead
+  int32_t id = -1;      // negative until the text or the end of parsing gives one
 };
 
-// The value that a preset gives to one parameter.
+// The value that a preset gives to one parameter; the parameter's default where the preset states none.
 struct PresetEntry {
   int32_t preset = 0;
   int32_t paramIndex = 0;
@@ -91,9 +92,10 @@ struct DescriptionSettings {
 // highest index that received a key.
 struct Description {
   DescriptionSettings settings;
-  std::array<ParamRecord, kMaxParams> params;
+  // Always kMaxParams records; on the heap, because the stacks of a host's threads are small.
+  std::vector<ParamRecord> params = std::vector<ParamRecord>(kMaxParams);
   int32_t paramCount = 1;
-  int32_t layerCount = 0;  // layer parameters at index 1 or above
+  int32_t layerCount = 0;  // layer parameters at index 1 or above, kMaxLayers at most
   std::map<int32_t, std::string> scripts;
   std::map<int32_t, std::string> pixelSources;
   std::string vertexSource;
