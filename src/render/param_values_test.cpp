@@ -36,6 +36,7 @@ TEST(LayerCheckoutTime, IsNeverNegative) { EXPECT_EQ(timeOf(-2, 1, at(700, 100))
 
 TEST(LayerCheckoutTime, HoldsEveryNthFrame) {
   EXPECT_EQ(timeOf(3, 2, at(1000, 100)), 900);
+  EXPECT_EQ(timeOf(3, 2, at(800, 100)), 600);
   EXPECT_EQ(timeOf(1, 2, at(1000, 100)), 1000);
   EXPECT_EQ(timeOf(0, 2, at(1000, 100)), 0);
   EXPECT_EQ(timeOf(-5, 2, at(1000, 100)), 0);

@@ -24,8 +24,10 @@ float mix(float input, float pattern, BlendMode mode) {
 
 TEST(Composite, PassesATransparentInputThroughInEveryMode) {
   for (int32_t mode = 0; mode <= static_cast<int32_t>(BlendMode::Count); ++mode) {
-    const Pixel input{0.2f, -3, 7, 0};
-    EXPECT_EQ(composite(input, {0.9f, 0.8f, 0.1f, 0.6f}, static_cast<BlendMode>(mode), 0.5), input) << mode;
+    for (const float alpha : {0.0f, -0.5f}) {
+      const Pixel input{0.2f, -3, 7, alpha};
+      EXPECT_EQ(composite(input, {0.9f, 0.8f, 0.1f, 0.6f}, static_cast<BlendMode>(mode), 0.5), input) << mode;
+    }
   }
 }
 
