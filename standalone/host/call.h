@@ -14,7 +14,7 @@ struct Call {
   PF_EffectWorld* output = nullptr;
   void* extra = nullptr;
   // Changes the records after the host has filled them and before the effect sees them.
-  std::function<void(PF_InData&, PF_OutData&)> prepare;
+  std::function<void(PF_InData&, PF_OutData&)> prepare = nullptr;
 };
 
 // Both records as the effect left them. Handles in them may be disposed already.

@@ -47,6 +47,8 @@ class Effect {
   [[nodiscard]] EntryPoint entryPoint() const { return entryPoint_; }
 
  private:
+  CallResult registerParameters(const Call& call);
+
   Host& host_;
   EntryPoint entryPoint_;
   std::vector<Parameter> parameters_;

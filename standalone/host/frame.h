@@ -15,7 +15,7 @@ struct Frame {
   const World* input = nullptr;
   // Smart render only: the wanted part in layer coordinates; without it the whole layer. An empty one asks for the
   // maximum rectangle alone.
-  std::optional<PF_LRect> request;
+  std::optional<PF_LRect> request = std::nullopt;
 };
 
 struct RenderResult {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "standalone/host/services/fault_plan.h"
@@ -9,7 +10,7 @@
 
 namespace quiltor::standalone {
 
-class HostState;
+struct HostState;
 
 // Plays the host's role strictly. The host's functions carry no context, so only one host lives at a time in a process;
 // a second one throws std::logic_error. The thread that made it is the host's main thread. Effects and instances must
@@ -43,7 +44,6 @@ class Host {
   [[nodiscard]] const std::string& optionsButtonName() const;
   [[nodiscard]] const std::vector<std::string>& registeredEffectNames() const;
   [[nodiscard]] const std::vector<PrPixelFormat>& declaredPixelFormats() const;
-  [[nodiscard]] const std::vector<std::string>& scriptsRun() const;
   // Calls of abort and progress since the last call into the effect began.
   [[nodiscard]] int abortCallCount() const;
   // Live objects of the effect at this moment.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <span>
 #include <vector>
@@ -9,6 +10,9 @@
 #include "standalone/host/frame.h"
 
 namespace quiltor::standalone {
+
+class CallContext;
+class ParamValues;
 
 // Gives the world of a layer at a layer time, or null for no layer there. The world must outlive the render.
 using LayerSource = std::function<const World*(A_long time, A_u_long timeScale)>;
@@ -61,9 +65,8 @@ class Instance {
   CallResult userChanged(int index);  // PF_Cmd_USER_CHANGED_PARAM with the current values
   CallResult updateUi();              // PF_Cmd_UPDATE_PARAMS_UI with the current values
   CallResult doDialog();              // PF_Cmd_DO_DIALOG
-  // What the effect did to the panel: the flags of a parameter's stream and its last updated definition.
-  [[nodiscard]] A_u_long streamFlags(int index) const;
-  [[nodiscard]] const PF_ParamDef* updatedUi(int index) const;  // null when never updated
+  // The definition that the effect last gave the panel for a parameter; null when it never did.
+  [[nodiscard]] const PF_ParamDef* updatedUi(int index) const;
 
   // Any selector for this instance. The sequence handle that the effect stores is kept as after the typed calls.
   CallResult call(const Call& call);
@@ -82,8 +85,18 @@ class Instance {
   [[nodiscard]] ParamArray params(const World* input = nullptr) const;
 
  private:
+  CallResult run(const Call& call, std::vector<unsigned char>* flat);
+  CallResult callWithParams(A_long selector, void* extra);
+  void keepSequenceData(const Call& call, const CallResult& result, std::vector<unsigned char>* flat);
+  void discardSequenceData();
+  void fillContext(CallContext& context);
+
   Effect& effect_;
+  std::unique_ptr<ParamValues> values_;
+  std::map<int, PF_ParamDef> updatedUi_;
   PF_Handle sequenceData_ = nullptr;
+  bool setUp_ = false;
+  bool flat_ = false;
 };
 
 }  // namespace quiltor::standalone

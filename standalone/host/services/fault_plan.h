@@ -28,19 +28,11 @@ enum class HostCall {
   Iterate,              // answers 4, no iteration is run
   SetOptionsButton,     // answers 516
   RegisterEffect,       // answers 516
-  Script,               // answers 516, nothing is run
-  LockMemory,           // answers 516
   Layer,                // the effect's layer: answers 516
-  EffectReference,      // answers 516
   Stream,               // a new stream: answers 516
   StreamValue,          // answers 516
-  StreamFlag,           // answers 516
   UpdateParamUi,        // answers 516
   RefreshWindows,       // answers 516
-  Mask,                 // the layer's masks: answers 516
-  Path,                 // path check-out and its data: answers 516
-  MaskWorld,            // fill and mask drawing: answers 516
-  Drawing,              // custom control drawing: answers a suite error
   Count_,
 };
 

@@ -7,49 +7,52 @@
 
 namespace quiltor::standalone {
 
+#define QUILTOR_FINDING_KINDS(M) \
+  M(SuiteNotReleased)            \
+  M(SuiteReleasedTooOften)       \
+  M(HandleLeftLocked)            \
+  M(HandleUnlockedTooOften)      \
+  M(HandleLeaked)                \
+  M(HandleDisposedTwice)         \
+  M(HandleUsedAfterDispose)      \
+  M(HandleDisposedWhileLocked)   \
+  M(HandleOverrun)               \
+  M(HandleUnknown)               \
+  M(ParamNotCheckedIn)           \
+  M(ParamCheckedInTwice)         \
+  M(ParamCheckoutIntoParams)     \
+  M(ParamCountMismatch)          \
+  M(ParamIdDuplicate)            \
+  M(ParamNameNotTerminated)      \
+  M(ParamTypeUnknown)            \
+  M(PopupDefaultOutOfRange)      \
+  M(PopupItemCountWrong)         \
+  M(AddParamIndexNotAppend)      \
+  M(WorldNotDisposed)            \
+  M(WorldDisposedTwice)          \
+  M(WorldOverrun)                \
+  M(InputWorldWritten)           \
+  M(CheckoutIdDuplicate)         \
+  M(CheckoutIdUnknown)           \
+  M(CheckoutIdNegative)          \
+  M(OutputBeforeInput)           \
+  M(ResultRectOutsideRequest)    \
+  M(ResultRectOutsideMaximum)    \
+  M(StreamNotDisposed)           \
+  M(StreamValueNotDisposed)      \
+  M(ObjectUnknown)               \
+  M(FlatDataIsLive)              \
+  M(FlatHandleNotDisposed)       \
+  M(WrongThread)                 \
+  M(WrongSelector)               \
+  M(BadArgument)                 \
+  M(UnimplementedSlot)
+
 // What an effect can do wrong in the host's eyes. None of it stops the call in which it happens.
 enum class FindingKind {
-  SuiteNotReleased,
-  SuiteReleasedTooOften,
-  HandleLeftLocked,
-  HandleUnlockedTooOften,
-  HandleLeaked,
-  HandleDisposedTwice,
-  HandleUsedAfterDispose,
-  HandleDisposedWhileLocked,
-  HandleOverrun,
-  HandleUnknown,
-  ParamNotCheckedIn,
-  ParamCheckedInTwice,
-  ParamCheckoutIntoParams,
-  ParamCountMismatch,
-  ParamIdDuplicate,
-  ParamNameNotTerminated,
-  ParamTypeUnknown,
-  PopupDefaultOutOfRange,
-  PopupItemCountWrong,
-  AddParamIndexNotAppend,
-  WorldNotDisposed,
-  WorldDisposedTwice,
-  WorldOverrun,
-  InputWorldWritten,
-  CheckoutIdDuplicate,
-  CheckoutIdUnknown,
-  CheckoutIdNegative,
-  OutputBeforeInput,
-  ResultRectOutsideRequest,
-  ResultRectOutsideMaximum,
-  StreamNotDisposed,
-  StreamValueNotDisposed,
-  EffectReferenceNotDisposed,
-  ObjectUnknown,
-  FlatDataIsLive,
-  FlatHandleNotDisposed,
-  DefinitionNotCleared,
-  WrongThread,
-  WrongSelector,
-  BadArgument,
-  UnimplementedSlot,
+#define QUILTOR_KIND(name) name,
+  QUILTOR_FINDING_KINDS(QUILTOR_KIND)
+#undef QUILTOR_KIND
 };
 
 [[nodiscard]] std::string_view nameOf(FindingKind kind);

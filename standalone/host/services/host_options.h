@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -22,13 +21,6 @@ struct LayerTransform {
 
 // What smart rendering hands out as the pixels of a layer parameter that has no layer.
 enum class NoLayerPixels { Error, NullWorld, EmptyWorld };
-
-// What a script run by the effect comes back with. Without a value the result handle is null.
-struct ScriptAnswer {
-  std::optional<std::string> result;
-  std::optional<std::string> error;
-  PF_Err code = PF_Err_NONE;
-};
 
 // Everything a test may turn. Fields may be changed between two calls into the effect, not during one.
 struct HostOptions {
@@ -62,9 +54,7 @@ struct HostOptions {
   // Answers abort and progress calls: the argument counts them from 0 since the last call into the effect began. Empty:
   // always 0. Called on the thread of the effect's call or of iterate's thread index 0.
   std::function<PF_Err(int)> onAbort;
-  // Runs scripts. Empty: scripts do nothing and have no result.
-  std::function<ScriptAnswer(const std::string&)> onScript;
-  // Receives one line per selector, suite, script and other event worth following. Called from any thread, one at a
+  // Receives one line per selector, suite and other event worth following. Called from any thread, one at a
   // time.
   std::function<void(std::string_view)> trace;
 };

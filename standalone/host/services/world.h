@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,6 +15,12 @@ enum class WorldFormat { Argb8, Argb16, ArgbFloat, Bgra8, BgraFloat };
 [[nodiscard]] bool isVideoEditorFormat(WorldFormat format);
 [[nodiscard]] PF_PixelFormat pixelFormatCode(WorldFormat format);       // what the world suite answers
 [[nodiscard]] PrPixelFormat videoEditorFormatCode(WorldFormat format);  // what the pixel format suite answers
+
+// Every record that the host hands out names its format in a word reserved for the host, which copies of the record
+// keep.
+inline constexpr A_long kFormatStamp = 0x51570000;
+// Nothing for a record that did not come from the host.
+[[nodiscard]] std::optional<WorldFormat> formatOf(const PF_EffectWorld& record);
 
 // One pixel, straight alpha, 1 = white and opaque whatever the world's format.
 struct Rgba {

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+
+#include "standalone/host/services/findings.h"
+#include "standalone/host/services/world.h"
+
+namespace quiltor::standalone {
+
+// A layer's pixels as an effect gets them: a copy with guards around it. The source must live as long.
+class DeliveredLayer {
+ public:
+  // Without an area the whole layer, its origin at 0, 0 as in plain rendering; with one, the layer's part inside it.
+  DeliveredLayer(const World& source, WorldFormat format, RowLayout rows, const std::optional<PF_LRect>& area);
+
+  [[nodiscard]] PF_EffectWorld& record() { return copy_.record(); }
+  // Records writes to the pixels and around them.
+  void check(Findings& findings) const;
+
+ private:
+  [[nodiscard]] World makeCopy() const;
+
+  const World& source_;
+  WorldFormat format_;
+  RowLayout rows_;
+  std::optional<PF_LRect> area_;
+  World copy_;
+};
+
+}  // namespace quiltor::standalone

@@ -1,0 +1,25 @@
+#include "standalone/host/services/call_scope.h"
+
+namespace quiltor::standalone {
+namespace {
+
+thread_local CallScope* call = nullptr;
+thread_local int indexInCall = 0;
+
+}  // namespace
+
+EnterCall::EnterCall(CallScope* entered, int threadIndex) : previousCall_(call), previousIndex_(indexInCall) {
+  call = entered;
+  indexInCall = threadIndex;
+}
+
+EnterCall::~EnterCall() {
+  call = previousCall_;
+  indexInCall = previousIndex_;
+}
+
+CallScope* currentCall() { return call; }
+int currentThreadIndex() { return indexInCall; }
+std::string currentSelector() { return call ? call->selector() : "outside a call"; }
+
+}  // namespace quiltor::standalone

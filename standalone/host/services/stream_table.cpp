@@ -1,0 +1,74 @@
+#include "standalone/host/services/stream_table.h"
+
+#include <string>
+#include <utility>
+
+namespace quiltor::standalone {
+
+AEGP_StreamRefH StreamTable::open(AEGP_LayerStream code) {
+  auto stream = std::make_unique<Stream>(Stream{code, 0, currentCall()});
+  const auto handle = reinterpret_cast<AEGP_StreamRefH>(stream.get());
+  std::lock_guard lock(mutex_);
+  streams_.emplace(handle, std::move(stream));
+  return handle;
+}
+
+StreamTable::Stream* StreamTable::find(AEGP_StreamRefH stream) {
+  const auto found = streams_.find(stream);
+  if (found != streams_.end()) return found->second.get();
+  findings_.record(FindingKind::ObjectUnknown, "what was passed as a stream is none, or was disposed before");
+  return nullptr;
+}
+
+bool StreamTable::takeValue(AEGP_StreamRefH stream, AEGP_LayerStream& code) {
+  std::lock_guard lock(mutex_);
+  Stream* found = find(stream);
+  if (!found) return false;
+  ++found->values;
+  code = found->code;
+  return true;
+}
+
+bool StreamTable::disposeValue(AEGP_StreamRefH stream) {
+  std::lock_guard lock(mutex_);
+  Stream* found = find(stream);
+  if (!found) return false;
+  if (found->values < 1) {
+    findings_.record(FindingKind::ObjectUnknown, "a stream's value was disposed that is not alive");
+    return false;
+  }
+  --found->values;
+  return true;
+}
+
+void StreamTable::checkValues(const Stream& stream) {
+  if (stream.values < 1) return;
+  findings_.record(FindingKind::StreamValueNotDisposed, "layer stream " + std::to_string(stream.code) +
+                                                            " was left with " + std::to_string(stream.values) +
+                                                            " values not disposed");
+}
+
+bool StreamTable::dispose(AEGP_StreamRefH stream) {
+  std::lock_guard lock(mutex_);
+  const Stream* found = find(stream);
+  if (!found) return false;
+  checkValues(*found);
+  streams_.erase(stream);
+  return true;
+}
+
+void StreamTable::checkCall(const CallScope& call) {
+  std::lock_guard lock(mutex_);
+  for (auto entry = streams_.begin(); entry != streams_.end();) {
+    const Stream& stream = *entry->second;
+    if (stream.madeIn != &call) {
+      ++entry;
+      continue;
+    }
+    findings_.record(FindingKind::StreamNotDisposed, "layer stream " + std::to_string(stream.code) + " was left open");
+    checkValues(stream);
+    entry = streams_.erase(entry);
+  }
+}
+
+}  // namespace quiltor::standalone

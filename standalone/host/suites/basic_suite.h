@@ -1,0 +1,13 @@
+#pragma once
+
+#include "hostapi/effect.h"
+
+namespace quiltor::standalone {
+
+// Acquire and release, counted. Callable from any thread.
+[[nodiscard]] SPBasicSuite& basicSuite();
+
+// The older way to the handle functions and to iterate_generic; the host's other utilities are not implemented.
+[[nodiscard]] PF_UtilCallbacks& utilCallbacks();
+
+}  // namespace quiltor::standalone

@@ -1,0 +1,79 @@
+#include <algorithm>
+#include <atomic>
+#include <thread>
+#include <vector>
+
+#include "standalone/host/services/host_state.h"
+#include "standalone/host/suites/suite_table.h"
+#include "standalone/host/suites/suite_tables.h"
+
+namespace quiltor::standalone {
+namespace {
+
+using Worker = PF_Err (*)(void* refcon, A_long threadIndex, A_long iteration, A_long iterations);
+
+// Threads take iterations as they come; thread index 0 is the caller's and has iteration 0.
+class Iteration {
+ public:
+  Iteration(A_long count, void* refcon, Worker worker) : count_(count), refcon_(refcon), worker_(worker) {}
+
+  PF_Err run(int threads) {
+    CallScope* call = currentCall();
+    {
+      std::vector<std::jthread> helpers;
+      for (int index = 1; index < threads; ++index) {
+        helpers.emplace_back([this, call, index] {
+          const EnterCall enter(call, index);
+          work(index, take());
+        });
+      }
+      const EnterCall enter(call, 0);
+      work(0, 0);
+    }
+    return error_;
+  }
+
+ private:
+  A_long take() { return next_.fetch_add(1); }
+
+  void work(int index, A_long first) {
+    for (A_long i = first; i < count_ && error_ == PF_Err_NONE; i = take()) {
+      PF_Err none = PF_Err_NONE;
+      if (const PF_Err code = worker_(refcon_, index, i, count_)) error_.compare_exchange_strong(none, code);
+    }
+  }
+
+  A_long count_;
+  void* refcon_;
+  Worker worker_;
+  std::atomic<A_long> next_ = 1;
+  std::atomic<PF_Err> error_ = PF_Err_NONE;
+};
+
+PF_Err iterateGeneric(A_long iterations, void* refcon, Worker worker) {
+  HostState& host = hostState();
+  if (host.faults.strikes(HostCall::Iterate)) return PF_Err_OUT_OF_MEMORY;
+  const int available = std::max(1, host.options.iterateThreads);
+  const A_long count = iterations == PF_Iterations_ONCE_PER_PROCESSOR ? available : iterations;
+  if (count < 0 || !worker) {
+    host.findings.record(FindingKind::BadArgument, "iterate_generic was called with a negative count or no function");
+    return PF_Err_BAD_CALLBACK_PARAM;
+  }
+  return Iteration(count, refcon, worker).run(std::min(available, static_cast<int>(count)));
+}
+
+PF_Iterate8Suite1 makeSuite(bool offersGeneric) {
+  auto suite = tableOfUnimplementedSlots<PF_Iterate8Suite1>();
+  suite.iterate_generic = offersGeneric ? &iterateGeneric : nullptr;
+  return suite;
+}
+
+}  // namespace
+
+const PF_Iterate8Suite1& iterate8Suite() {
+  static const PF_Iterate8Suite1 whole = makeSuite(true);
+  static const PF_Iterate8Suite1 withoutGeneric = makeSuite(false);
+  return hostState().options.offerIterateGeneric ? whole : withoutGeneric;
+}
+
+}  // namespace quiltor::standalone

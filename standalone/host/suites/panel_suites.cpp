@@ -1,0 +1,82 @@
+#include "standalone/host/services/host_state.h"
+#include "standalone/host/suites/suite_table.h"
+#include "standalone/host/suites/suite_tables.h"
+
+namespace quiltor::standalone {
+namespace {
+
+PF_Err setOptionsButtonName(PF_ProgPtr effect, const A_char* name) {
+  HostState& host = hostState();
+  if (host.faults.strikes(HostCall::SetOptionsButton)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!name) {
+    host.findings.record(FindingKind::BadArgument, "PF_SetOptionsButtonName was called without a name");
+    return PF_Err_BAD_CALLBACK_PARAM;
+  }
+  host.optionsButtonName = name;
+  return PF_Err_NONE;
+}
+
+PF_Err updateParamUi(PF_ProgPtr effect, PF_ParamIndex index, const PF_ParamDef* definition) {
+  HostState& host = hostState();
+  if (host.faults.strikes(HostCall::UpdateParamUi)) return PF_Err_BAD_CALLBACK_PARAM;
+  const CallScope* call = host.callOf(effect);
+  if (!call) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!call->updateParamUi) {
+    host.findings.record(FindingKind::WrongSelector,
+                         "PF_UpdateParamUI is for PF_Cmd_USER_CHANGED_PARAM and PF_Cmd_UPDATE_PARAMS_UI only");
+    return PF_Err_BAD_CALLBACK_PARAM;
+  }
+  if (index < 1 || !definition) {
+    host.findings.record(FindingKind::BadArgument,
+                         "PF_UpdateParamUI was called for the input layer or without a "
+                         "definition");
+    return PF_Err_BAD_CALLBACK_PARAM;
+  }
+  call->updateParamUi(index, *definition);
+  return PF_Err_NONE;
+}
+
+PF_Err refreshAllWindows() {
+  HostState& host = hostState();
+  if (host.faults.strikes(HostCall::RefreshWindows)) return PF_Err_BAD_CALLBACK_PARAM;
+  ++host.refreshAllWindowsCount;
+  return PF_Err_NONE;
+}
+
+PF_EffectUISuite1 makeEffectUiSuite() {
+  auto suite = tableOfUnimplementedSlots<PF_EffectUISuite1>();
+  suite.PF_SetOptionsButtonName = &setOptionsButtonName;
+  return suite;
+}
+
+PF_ParamUtilsSuite3 makeParamUtilsSuite() {
+  auto suite = tableOfUnimplementedSlots<PF_ParamUtilsSuite3>();
+  suite.PF_UpdateParamUI = &updateParamUi;
+  return suite;
+}
+
+PF_AdvAppSuite1 makeAdvAppSuite() {
+  auto suite = tableOfUnimplementedSlots<PF_AdvAppSuite1>();
+  suite.PF_RefreshAllWindows = &refreshAllWindows;
+  return suite;
+}
+
+}  // namespace
+
+const PF_EffectUISuite1& effectUiSuite() {
+  static const PF_EffectUISuite1 suite = makeEffectUiSuite();
+  return suite;
+}
+
+const PF_ParamUtilsSuite3& paramUtilsSuite() {
+  static const PF_ParamUtilsSuite3 suite = makeParamUtilsSuite();
+  return suite;
+}
+
+const PF_AdvAppSuite1& advAppSuite() {
+  static const PF_AdvAppSuite1 suite = makeAdvAppSuite();
+  return suite;
+}
+
+}  // namespace quiltor::standalone

@@ -1,0 +1,46 @@
+#include "standalone/host/services/host_state.h"
+#include "standalone/host/suites/suite_table.h"
+#include "standalone/host/suites/suite_tables.h"
+
+namespace quiltor::standalone {
+namespace {
+
+PF_Err addSupportedPixelFormat(PF_ProgPtr effect, PrPixelFormat format) {
+  HostState& host = hostState();
+  if (host.faults.strikes(HostCall::AddPixelFormat)) return PF_Err_BAD_CALLBACK_PARAM;
+  const CallScope* call = host.callOf(effect);
+  if (!call) return PF_Err_BAD_CALLBACK_PARAM;
+  if (call->selector() != "PF_Cmd_GLOBAL_SETUP") {
+    host.findings.record(FindingKind::WrongSelector, "pixel formats are declared at global setup only");
+  }
+  host.declaredPixelFormats.push_back(format);
+  return PF_Err_NONE;
+}
+
+PF_Err getPixelFormat(PF_EffectWorld* world, PrPixelFormat* code) {
+  HostState& host = hostState();
+  if (host.faults.strikes(HostCall::GetPixelFormat)) return PF_Err_BAD_CALLBACK_PARAM;
+  const auto format = world ? formatOf(*world) : std::nullopt;
+  if (!format || !code) {
+    host.findings.record(FindingKind::BadArgument, "GetPixelFormat was asked about what is no world of the host");
+    return PF_Err_BAD_CALLBACK_PARAM;
+  }
+  *code = videoEditorFormatCode(*format);
+  return PF_Err_NONE;
+}
+
+PF_PixelFormatSuite makeSuite() {
+  auto suite = tableOfUnimplementedSlots<PF_PixelFormatSuite>();
+  suite.AddSupportedPixelFormat = &addSupportedPixelFormat;
+  suite.GetPixelFormat = &getPixelFormat;
+  return suite;
+}
+
+}  // namespace
+
+const PF_PixelFormatSuite& pixelFormatSuite() {
+  static const PF_PixelFormatSuite suite = makeSuite();
+  return suite;
+}
+
+}  // namespace quiltor::standalone

@@ -1,0 +1,55 @@
+#include "standalone/host/suites/suite_catalogue.h"
+
+#include <string_view>
+
+#include "standalone/host/services/host_state.h"
+#include "standalone/host/suites/suite_tables.h"
+
+namespace quiltor::standalone {
+namespace {
+
+enum class OfferedBy { Both, Compositing, VideoEditor };
+
+struct Entry {
+  std::string_view name;
+  int version;
+  OfferedBy offeredBy;
+  const void* (*table)();
+};
+
+template <auto& Suite>
+const void* tableOf() {
+  return &Suite();
+}
+
+constexpr Entry kCatalogue[] = {
+    {kPFHandleSuite, kPFHandleSuiteVersion2, OfferedBy::Both, &tableOf<handleSuite>},
+    {kPFANSISuite, kPFANSISuiteVersion1, OfferedBy::Both, &tableOf<ansiSuite>},
+    {kPFIterate8Suite, kPFIterate8SuiteVersion1, OfferedBy::Both, &tableOf<iterate8Suite>},
+    {kPFWorldSuite, kPFWorldSuiteVersion2, OfferedBy::Both, &tableOf<worldSuite>},
+    {kPFPixelFormatSuite, kPFPixelFormatSuiteVersion1, OfferedBy::VideoEditor, &tableOf<pixelFormatSuite>},
+    {kPFEffectUISuite, kPFEffectUISuiteVersion1, OfferedBy::Both, &tableOf<effectUiSuite>},
+    {kPFParamUtilsSuite, kPFParamUtilsSuiteVersion3, OfferedBy::Both, &tableOf<paramUtilsSuite>},
+    {kPFAdvAppSuite, kPFAdvAppSuiteVersion1, OfferedBy::Both, &tableOf<advAppSuite>},
+    {kAEGPUtilitySuite, kAEGPUtilitySuiteVersion7, OfferedBy::Compositing, &tableOf<utilitySuite7>},
+    {kAEGPUtilitySuite, kAEGPUtilitySuiteVersion11, OfferedBy::Compositing, &tableOf<utilitySuite11>},
+    {kAEGPPFInterfaceSuite, kAEGPPFInterfaceSuiteVersion1, OfferedBy::Compositing, &tableOf<pfInterfaceSuite>},
+    {kAEGPStreamSuite, kAEGPStreamSuiteVersion7, OfferedBy::Compositing, &tableOf<streamSuite7>},
+    {kAEGPStreamSuite, kAEGPStreamSuiteVersion9, OfferedBy::Compositing, &tableOf<streamSuite9>},
+};
+
+}  // namespace
+
+const void* findSuite(const SuiteId& suite) {
+  const HostState& host = hostState();
+  if (host.options.suitesNotOffered.contains(suite)) return nullptr;
+  const OfferedBy absent = host.isVideoEditor() ? OfferedBy::Compositing : OfferedBy::VideoEditor;
+  for (const Entry& entry : kCatalogue) {
+    if (entry.name == suite.first && entry.version == suite.second) {
+      return entry.offeredBy == absent ? nullptr : entry.table();
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace quiltor::standalone

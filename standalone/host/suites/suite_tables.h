@@ -1,0 +1,24 @@
+#pragma once
+
+#include "hostapi/suites_aegp.h"
+#include "hostapi/suites_pf.h"
+
+namespace quiltor::standalone {
+
+// The host's function tables, one file each. Their addresses hold for the life of the process.
+const PF_HandleSuite1& handleSuite();
+const PF_ANSICallbacksSuite1& ansiSuite();
+// Two tables: whether iterate_generic is offered is the host's option.
+const PF_Iterate8Suite1& iterate8Suite();
+const PF_WorldSuite2& worldSuite();
+const PF_PixelFormatSuite& pixelFormatSuite();
+const PF_EffectUISuite1& effectUiSuite();
+const PF_ParamUtilsSuite3& paramUtilsSuite();
+const PF_AdvAppSuite1& advAppSuite();
+const AEGP_UtilitySuite3& utilitySuite7();
+const AEGP_UtilitySuite5& utilitySuite11();
+const AEGP_PFInterfaceSuite1& pfInterfaceSuite();
+const AEGP_StreamSuite2& streamSuite7();
+const AEGP_StreamSuite4& streamSuite9();
+
+}  // namespace quiltor::standalone
