@@ -1,32 +1,25 @@
 #include "host/entry/about_text.h"
 
-#include <string_view>
+#include "library/files/text_pieces.h"
 
 namespace quiltor {
 namespace {
 
-// Description files are read line by line: line ends inside an entry are written as a backslash and a letter.
-std::string withLineEnds(std::string_view entry) {
-  std::string text;
-  for (size_t at = 0; at < entry.size(); ++at) {
-    const std::string_view pair = entry.substr(at, 2);
-    if (pair == "\\r" || pair == "\\n") {
-      text += pair == "\\r" ? '\r' : '\n';
-      ++at;
-    } else {
-      text += entry[at];
-    }
-  }
-  return text;
-}
+// The host's message holds 255 characters; the text stays well below.
+constexpr size_t kMaxCharacters = 230;
+
+// A description's entry is one line: line ends in it are written as a backslash and a letter.
+std::string withLineEnds(const std::string& entry) { return replaceAll(replaceAll(entry, "\\r", "\r"), "\\n", "\n"); }
 
 }  // namespace
 
 std::string aboutText(const DescriptionSettings& settings) {
-  return "Quiltor\r"
-         "The plugin allows you to draw textures on layers and work with patterns directly from AE.\r" +
-         withLineEnds(settings.description) + "\rv" + std::to_string(settings.versionMajor) + "." +
-         std::to_string(settings.versionMinor) + "." + std::to_string(settings.versionBug);
+  const std::string text =
+      "Quiltor\r"
+      "The plugin allows you to draw textures on layers and work with patterns directly from AE.\r" +
+      withLineEnds(settings.description) + "\rv" + std::to_string(settings.versionMajor) + "." +
+      std::to_string(settings.versionMinor) + "." + std::to_string(settings.versionBug);
+  return text.substr(0, kMaxCharacters);
 }
 
 }  // namespace quiltor

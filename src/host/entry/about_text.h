@@ -6,7 +6,7 @@
 
 namespace quiltor {
 
-// The whole text of the About box for an effect with these settings, before it is cut to what the host's buffer takes.
+// The text of the About box for an effect with these settings: its first 230 characters, which the host's buffer holds.
 std::string aboutText(const DescriptionSettings& settings);
 
 }  // namespace quiltor

@@ -30,6 +30,14 @@ TEST(AboutText, LeavesOtherBackslashesAlone) {
   EXPECT_NE(aboutText(settings).find("\rC:\\temp\\\n\\\rv"), std::string::npos);
 }
 
+TEST(AboutText, IsCutAt230Characters) {
+  DescriptionSettings settings;
+  const std::string start = aboutText(settings).substr(0, aboutText(settings).find("\rv"));
+  settings.description = std::string(230 - start.size() - 1, 'x') + "yz";
+  const std::string text = aboutText(settings);
+  EXPECT_EQ(text, start + std::string(230 - start.size() - 1, 'x') + "y");
+}
+
 TEST(AboutText, OfADescriptionWithoutSettingsHasTheDefaults) {
   const std::string text = aboutText(DescriptionSettings{});
   EXPECT_EQ(text.substr(text.rfind("AE.")), "AE.\r\rv1.0.0");

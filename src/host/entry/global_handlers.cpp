@@ -19,9 +19,6 @@ namespace {
 constexpr char kEffectName[] = "Quiltor";
 constexpr char kOptionsButtonName[] = "Settings";
 
-// The host's message holds 255 characters; the text stays well below.
-constexpr size_t kAboutCharacters = 230;
-
 // Major 1 begins at bit 19; minor and bug number are 0, the stage is development, the build is 1.
 constexpr A_u_long kVersion = 1u << 19 | 1u;
 static_assert(kVersion == 0x80001);
@@ -122,7 +119,7 @@ HostErr globalSetdown(PF_InData& in) {
 
 HostErr about(PF_InData& in, PF_OutData& out) {
   if (isVideoEditor(in)) return PF_Err_NONE;
-  const std::string text = aboutText(effectDescription().settings).substr(0, kAboutCharacters);
+  const std::string text = aboutText(effectDescription().settings);
   SuiteHandler suites(in.pica_basicP);
   suites.ansi().strcpy(out.return_msg, text.c_str());
   return PF_Err_NONE;
