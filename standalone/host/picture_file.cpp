@@ -1,0 +1,146 @@
+#include "standalone/host/picture_file.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "standalone/host/picture_codec.h"
+
+namespace quiltor::standalone {
+namespace {
+
+std::vector<unsigned char> readWhole(const std::filesystem::path& path) {
+  std::error_code error;
+  if (std::filesystem::is_directory(path, error)) {
+    throw PictureError("cannot read " + path.string() + ": it is a folder, expected a PNG or JPEG picture");
+  }
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw PictureError("cannot read " + path.string() + ": no such file or no permission");
+  std::vector<unsigned char> bytes{std::istreambuf_iterator<char>(file), {}};
+  if (file.bad()) throw PictureError("cannot read " + path.string() + ": reading failed");
+  return bytes;
+}
+
+bool startsWith(const std::vector<unsigned char>& bytes, std::initializer_list<unsigned char> magic) {
+  return bytes.size() >= magic.size() && std::equal(magic.begin(), magic.end(), bytes.begin());
+}
+
+double sampleAt(const DecodedPicture& picture, std::size_t index) {
+  if (picture.bytesPerSample == 1) return picture.samples[index] / 255.0;
+  return (picture.samples[2 * index] * 256 + picture.samples[2 * index + 1]) / 65535.0;
+}
+
+void appendSample(std::vector<unsigned char>& row, double value, int bytesPerSample) {
+  // The comparison sends not-a-number to 0.
+  const double clamped = value > 0 ? std::min(value, 1.0) : 0.0;
+  const long sample = std::lround(clamped * (bytesPerSample == 1 ? 255 : 65535));
+  if (bytesPerSample == 2) row.push_back(static_cast<unsigned char>(sample >> 8));
+  row.push_back(static_cast<unsigned char>(sample & 255));
+}
+
+DecodedPicture picture8or16(const World& world) {
+  DecodedPicture picture;
+  picture.width = world.width();
+  picture.height = world.height();
+  picture.bytesPerSample = bytesPerPixel(world.format()) == 4 ? 1 : 2;
+  for (int y = 0; y < world.height(); ++y) {
+    for (int x = 0; x < world.width(); ++x) {
+      const Rgba color = world.at(x, y);
+      for (const double value : {color.r, color.g, color.b, color.a}) {
+        appendSample(picture.samples, value, picture.bytesPerSample);
+      }
+    }
+  }
+  return picture;
+}
+
+// A file beside its target that takes the target's name when it is whole and goes when it is not.
+class PendingFile {
+ public:
+  explicit PendingFile(const std::filesystem::path& target) : target_(target), path_(target) {
+    path_ += ".part-" + std::to_string(getpid());
+  }
+  ~PendingFile() {
+    std::error_code ignored;
+    if (!committed_) std::filesystem::remove(path_, ignored);
+  }
+  PendingFile(const PendingFile&) = delete;
+  PendingFile& operator=(const PendingFile&) = delete;
+
+  [[nodiscard]] const std::filesystem::path& path() const { return path_; }
+  void commit() {
+    std::error_code error;
+    std::filesystem::rename(path_, target_, error);
+    if (error) throw PictureError("cannot write " + target_.string() + ": " + error.message());
+    committed_ = true;
+  }
+
+ private:
+  std::filesystem::path target_;
+  std::filesystem::path path_;
+  bool committed_ = false;
+};
+
+}  // namespace
+
+bool makeRoom(DecodedPicture& picture) {
+  const std::size_t pixels = static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
+  if (pixels > kMaxPixels) return false;
+  picture.samples.resize(pixels * 4 * static_cast<std::size_t>(picture.bytesPerSample));
+  return true;
+}
+
+World readPicture(const std::filesystem::path& path, WorldFormat format) {
+  const std::vector<unsigned char> bytes = readWhole(path);
+  DecodedPicture picture;
+  std::string problem;
+  if (startsWith(bytes, {0x89, 'P', 'N', 'G'})) {
+    problem = decodePng(bytes, picture);
+  } else if (startsWith(bytes, {0xFF, 0xD8, 0xFF})) {
+    problem = decodeJpeg(bytes, picture);
+  } else {
+    problem = "it is neither PNG nor JPEG";
+  }
+  if (!problem.empty()) throw PictureError("cannot read " + path.string() + ": " + problem);
+
+  World world(format, picture.width, picture.height);
+  std::size_t index = 0;
+  for (int y = 0; y < picture.height; ++y) {
+    for (int x = 0; x < picture.width; ++x, index += 4) {
+      world.set(x, y,
+                {sampleAt(picture, index), sampleAt(picture, index + 1), sampleAt(picture, index + 2),
+                 sampleAt(picture, index + 3)});
+    }
+  }
+  return world;
+}
+
+void writePng(const std::filesystem::path& path, const World& world) {
+  if (world.width() < 1 || world.height() < 1) {
+    throw PictureError("cannot write " + path.string() + ": the picture is empty");
+  }
+  const DecodedPicture picture = picture8or16(world);
+  std::vector<unsigned char> bytes;
+  const std::string problem = encodePng(picture, bytes);
+  if (!problem.empty()) throw PictureError("cannot write " + path.string() + ": " + problem);
+
+  PendingFile pending(path);
+  {
+    std::ofstream file(pending.path(), std::ios::binary);
+    if (!file) throw PictureError("cannot write " + path.string() + ": no such folder or no permission");
+    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file) throw PictureError("cannot write " + path.string() + ": writing failed");
+  }
+  pending.commit();
+}
+
+}  // namespace quiltor::standalone
