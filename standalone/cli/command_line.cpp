@@ -1,0 +1,180 @@
+#include "standalone/cli/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "standalone/cli/about_command.h"
+#include "standalone/cli/command_error.h"
+#include "standalone/cli/near_miss.h"
+#include "standalone/cli/number_text.h"
+#include "standalone/cli/params_command.h"
+#include "standalone/cli/render_command.h"
+
+namespace quiltor::standalone {
+namespace {
+
+constexpr int kFailure = 1;
+constexpr int kWrongUse = 2;
+
+void addSessionOptions(CLI::App& command, SessionOptions& session) {
+  command
+      .add_option("--plugin", session.module, "The effect module; the Quiltor module beside this program without it")
+      ->type_name("PATH");
+  command.add_flag("--trace", session.trace, "Print every selector, suite and script that the module touches");
+}
+
+std::pair<double, double> requirePair(const std::string& option, const std::string& text, const char* expected) {
+  const auto pair = parsePair(text);
+  if (!pair) throw UsageError(option + ": \"" + text + "\": expected " + expected);
+  return *pair;
+}
+
+double requireNumber(const std::string& option, const std::string& text, const char* expected) {
+  const auto number = parseNumber(text);
+  if (!number) throw UsageError(option + ": \"" + text + "\": expected " + expected);
+  return *number;
+}
+
+std::pair<double, double> requireScale(const std::string& option, const std::string& text) {
+  if (const auto both = parseNumber(text)) return {*both, *both};
+  return requirePair(option, text, "percent, such as 50 or 50,80");
+}
+
+void addTransformOptions(CLI::App& command, RenderOptions& render) {
+  const auto callback = [&command](const char* name, const char* type, const char* text, auto store) {
+    command.add_option_function<std::string>(name, store, text)->type_name(type)->group("The layer in its composition");
+  };
+  callback("--layer-position", "X,Y", "Where the layer's anchor lies; the composition's centre without it",
+           [&render](const std::string& text) {
+             render.position = requirePair("--layer-position", text, "pixels, such as 960,540");
+           });
+  callback("--layer-anchor", "X,Y", "The layer's anchor; its centre without it", [&render](const std::string& text) {
+    render.anchor = requirePair("--layer-anchor", text, "pixels, such as 960,540");
+  });
+  callback("--layer-scale", "PERCENT[,PERCENT]", "The layer's scale, of both axes or of each",
+           [&render](const std::string& text) { render.scale = requireScale("--layer-scale", text); });
+  callback("--layer-rotation", "DEGREES", "The layer's rotation", [&render](const std::string& text) {
+    render.rotation = requireNumber("--layer-rotation", text, "degrees, such as 30 or -12.5");
+  });
+}
+
+CLI::App* addRender(CLI::App& app, RenderOptions& render, SessionOptions& session) {
+  CLI::App* const command = app.add_subcommand("render", "Render a picture with the effect");
+  command->add_option("INPUT", render.input, "The layer: PNG or JPEG")->required()->type_name("");
+  command->add_option("-o,--output", render.output, "The picture to write: PNG, 16 bits where the depth is more than 8")
+      ->required()
+      ->type_name("FILE");
+  CLI::Option* const pattern =
+      command->add_option("--pattern", render.pattern, "The pattern: PNG or JPEG; the placeholder without it");
+  pattern->type_name("FILE");
+  command->add_option("--pattern-layer", render.patternLayer, "Take the pattern from a layer: PNG or JPEG")
+      ->type_name("FILE")
+      ->excludes(pattern);
+  command
+      ->add_option("--set", render.assignments,
+                   "Set a parameter, by its short or display name; `quiltor params` lists both")
+      ->type_name("NAME=VALUE")
+      ->allow_extra_args(false);
+  command
+      ->add_option_function<std::string>(
+          "--depth",
+          [&render](const std::string& depth) {
+            render.format = depth == "8"    ? WorldFormat::Argb8
+                            : depth == "16" ? WorldFormat::Argb16
+                                            : WorldFormat::ArgbFloat;
+          },
+          "Bits per channel while rendering: 8 (standard), 16 or float")
+      ->type_name("8|16|float")
+      ->check(CLI::IsMember({"8", "16", "float"}).name(""));
+  command->add_option("--downsample", render.downsample, "Render at 1/N of the resolution")
+      ->type_name("N")
+      ->check(CLI::Range(1, 64).name(""));
+  CLI::Option* const classic = command->add_flag_callback(
+      "--classic", [&render] { render.path = RenderPath::Classic; }, "Render with the classic selectors");
+  command
+      ->add_flag_callback(
+          "--smart", [&render] { render.path = RenderPath::Smart; },
+          "Render with the smart selectors; standard where the effect offers them")
+      ->excludes(classic);
+  addTransformOptions(*command, render);
+  addSessionOptions(*command, session);
+  command->footer(
+      "Example:\n"
+      "  quiltor render samples/layer.png -o out.png --pattern samples/woven.png \\\n"
+      "      --set blendmode=\"Soft Light\" --set opacity=70% --set offset=50%,50% --set tintcolor=#49bc38");
+  return command;
+}
+
+// What was typed and is known to no command, with the nearest that is.
+std::string describeUnknown(const CLI::App& app) {
+  const auto chosen = app.get_subcommands();
+  std::vector<std::string> known;
+  if (chosen.empty()) {
+    for (const CLI::App* command : app.get_subcommands({})) known.push_back(command->get_name());
+  } else {
+    for (const CLI::Option* option : chosen.front()->get_options()) known.push_back(option->get_name());
+  }
+  const std::vector<std::string> extra = app.remaining(true);
+  const std::string typed = extra.empty() ? "" : extra.front();
+  const std::string near = suggestion(typed, known);
+  return "\"" + typed + "\": no such " + (chosen.empty() ? "command" : "option") +
+         (near.empty() ? "; --help lists them" : near);
+}
+
+std::string oneLine(std::string text) {
+  std::ranges::replace(text, '\n', ' ');
+  return text;
+}
+
+int parseAndRun(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
+  SessionOptions session;
+  RenderOptions render;
+  CLI::App app{"Runs the Quiltor effect, or another effect module, on pictures.", "quiltor"};
+  app.footer("Example:\n  quiltor render samples/layer.png -o out.png --pattern samples/woven.png");
+  CLI::App* const renderCommand = addRender(app, render, session);
+  CLI::App* const paramsCommand = app.add_subcommand("params", "List the effect's parameters");
+  paramsCommand->footer("Example:\n  quiltor params");
+  addSessionOptions(*paramsCommand, session);
+  CLI::App* const aboutCommand = app.add_subcommand("about", "Print what the effect says about itself");
+  aboutCommand->footer("Example:\n  quiltor about --plugin build/native/Quiltor.so");
+  addSessionOptions(*aboutCommand, session);
+
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp& help) {
+    return app.exit(help, out, err);
+  } catch (const CLI::ExtrasError&) {
+    throw UsageError(describeUnknown(app));
+  } catch (const CLI::ParseError& error) {
+    throw UsageError(oneLine(error.what()) + "; --help tells what is expected");
+  }
+  if (*renderCommand) {
+    runRender(session, render, err);
+  } else if (*paramsCommand) {
+    runParams(session, out, err);
+  } else if (*aboutCommand) {
+    runAbout(session, out, err);
+  } else {
+    throw UsageError("expected a command: render, params or about; --help explains them");
+  }
+  return 0;
+}
+
+}  // namespace
+
+int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
+  try {
+    return parseAndRun(argc, argv, out, err);
+  } catch (const UsageError& error) {
+    err << "quiltor: " << error.what() << '\n';
+    return kWrongUse;
+  } catch (const std::exception& error) {
+    err << "quiltor: " << error.what() << '\n';
+    return kFailure;
+  }
+}
+
+}  // namespace quiltor::standalone

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "standalone/cli/parameter_value.h"
+
+namespace quiltor::standalone {
+
+// The short name under which a parameter can be set on the command line, "blendmode" for "Blend Mode"; empty when it
+// has none. A host learns display names only: the short names of the Quiltor module are known here.
+[[nodiscard]] std::string_view shortName(std::span<const Parameter> parameters, std::size_t index);
+
+// The parameter of that short or display name, without regard to case. Entry 0, the input layer, is never found.
+// Throws UsageError.
+[[nodiscard]] int findParameter(std::span<const Parameter> parameters, std::string_view name);
+
+struct Assignment {
+  int index = 0;
+  ParameterValue value;
+};
+
+// Reads NAME=VALUE. Throws UsageError.
+[[nodiscard]] Assignment parseAssignment(std::span<const Parameter> parameters, std::string_view text);
+
+}  // namespace quiltor::standalone

@@ -1,0 +1,133 @@
+#include "standalone/cli/render_command.h"
+
+#include <cstddef>
+#include <tuple>
+#include <variant>
+
+#include "standalone/cli/command_error.h"
+#include "standalone/cli/flat_sequence.h"
+#include "standalone/cli/near_miss.h"
+#include "standalone/cli/parameter_lookup.h"
+#include "standalone/cli/pattern_file.h"
+#include "standalone/cli/shrink.h"
+#include "standalone/host/instance.h"
+#include "standalone/host/picture_file.h"
+
+namespace quiltor::standalone {
+namespace {
+
+constexpr int kPatternSlot = 0;
+
+HostOptions hostOptions(const RenderOptions& options, const World& input) {
+  HostOptions host;
+  host.downsampleX.den = host.downsampleY.den = static_cast<A_u_long>(options.downsample);
+  const std::pair centre(input.width() / 2.0, input.height() / 2.0);
+  std::tie(host.transform.positionX, host.transform.positionY) = options.position.value_or(centre);
+  std::tie(host.transform.anchorX, host.transform.anchorY) = options.anchor.value_or(centre);
+  std::tie(host.transform.scaleX, host.transform.scaleY) = options.scale.value_or(std::pair(100.0, 100.0));
+  host.transform.rotation = options.rotation;
+  return host;
+}
+
+// An instance saved into a project, in which the pattern's path then takes the place of the saved one.
+std::vector<unsigned char> savedWithPattern(Effect& effect, const std::filesystem::path& pattern) {
+  const std::string selection = patternSelection(std::filesystem::absolute(pattern).string());
+  Instance saved(effect);
+  requireSuccess(saved.setUp(), "setting up an instance");
+  requireSuccess(saved.flatten(), "saving an instance");
+  const std::vector<unsigned char> flat = withTextSlot(saved.sequenceBytes(), kPatternSlot, selection);
+  requireSuccess(saved.shutDown(), "closing an instance");
+  return flat;
+}
+
+struct Apply {
+  Instance& instance;
+  int index;
+  void operator()(double number) const { instance.setNumber(index, number); }
+  void operator()(bool on) const { instance.setChecked(index, on); }
+  void operator()(ChosenItem chosen) const { instance.setChoice(index, chosen.item); }
+  void operator()(const PF_Pixel& color) const { instance.setColor(index, color); }
+  void operator()(const PointValue& point) const {
+    if (point.percent) {
+      instance.setPointPercent(index, point.x, point.y);
+    } else {
+      instance.setPointPixels(index, point.x, point.y);
+    }
+  }
+};
+
+int patternLayerParameter(const std::vector<Parameter>& parameters) {
+  for (std::size_t i = 1; i < parameters.size(); ++i) {
+    if (parameters[i].definition.param_type == PF_Param_LAYER) return static_cast<int>(i);
+  }
+  throw UsageError("--pattern-layer: the effect takes no layer besides its own");
+}
+
+// A given picture is meant to be seen, so the Quiltor module's switch between both kinds of pattern follows it; what
+// --set says comes later and wins.
+void choosePatternSource(Instance& instance, const std::vector<Parameter>& parameters, const std::string& item) {
+  for (std::size_t i = 1; i < parameters.size(); ++i) {
+    if (shortName(parameters, i) != "source") continue;
+    std::visit(Apply{instance, static_cast<int>(i)}, parseParameterValue(parameters[i], item));
+  }
+}
+
+RenderResult renderFrame(const Effect& effect, Instance& instance, const RenderOptions& options, const World& input) {
+  const bool offersSmart = (effect.outFlags2() & PF_OutFlag2_SUPPORTS_SMART_RENDER) != 0;
+  if (options.path == RenderPath::Smart && !offersSmart) {
+    throw CommandFailure("--smart: the effect does not offer smart rendering");
+  }
+  const bool smart = options.path != RenderPath::Classic && offersSmart;
+  Frame frame;
+  frame.input = &input;
+  return smart ? instance.renderSmart(frame) : instance.render(frame);
+}
+
+World renderWith(Effect& effect, const RenderOptions& options, const World& input, const World* patternLayer) {
+  const std::vector<Parameter>& parameters = effect.parameters();
+  std::vector<Assignment> assignments;
+  for (const std::string& text : options.assignments) assignments.push_back(parseAssignment(parameters, text));
+
+  std::vector<unsigned char> saved;
+  if (!options.pattern.empty()) saved = savedWithPattern(effect, options.pattern);
+  Instance instance(effect);
+  requireSuccess(saved.empty() ? instance.setUp() : instance.resetupFrom(saved), "setting up an instance");
+  if (!options.pattern.empty()) choosePatternSource(instance, parameters, "File");
+  if (patternLayer) {
+    choosePatternSource(instance, parameters, "Layer");
+    instance.setLayer(patternLayerParameter(parameters), patternLayer);
+  }
+  for (const Assignment& assignment : assignments) {
+    std::visit(Apply{instance, assignment.index}, assignment.value);
+  }
+
+  RenderResult result = renderFrame(effect, instance, options, input);
+  if (result.code != PF_Err_NONE) {
+    throw CommandFailure(options.input.string() + ": " + describeFailure(result.code, result.message));
+  }
+  if (!result.output) throw CommandFailure(options.input.string() + ": the effect rendered an empty rectangle");
+  requireSuccess(instance.shutDown(), "closing an instance");
+  return std::move(*result.output);
+}
+
+}  // namespace
+
+void runRender(const SessionOptions& session, const RenderOptions& options, std::ostream& err) {
+  if (!sameName(options.output.extension().string(), ".png")) {
+    throw UsageError("--output: " + options.output.string() + ": expected a name that ends in .png");
+  }
+  const World fullInput = readPicture(options.input, options.format);
+  const World input = shrink(fullInput, options.downsample);
+  if (!options.pattern.empty()) checkPatternFile(options.pattern);
+  std::optional<World> patternLayer;
+  if (!options.patternLayer.empty()) {
+    patternLayer = shrink(readPicture(options.patternLayer, options.format), options.downsample);
+  }
+  std::optional<World> picture;
+  withEffect(session, hostOptions(options, fullInput), err, [&](Effect& effect) {
+    picture = renderWith(effect, options, input, patternLayer ? &*patternLayer : nullptr);
+  });
+  writePng(options.output, *picture);
+}
+
+}  // namespace quiltor::standalone
