@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -107,6 +108,8 @@ inline Bytes readBytes(const std::string& path) {
 }
 
 inline void writeBytes(const std::string& path, const Bytes& bytes) {
+  // Some file systems wait for the disk when a file is overwritten.
+  std::filesystem::remove(path);
   std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
 }
 
