@@ -3,14 +3,15 @@
 #include <cstring>
 #include <limits>
 
-#include "tests/support/effect_test.h"
+#include "tests/support/instance_test.h"
 
 namespace quiltor {
 namespace {
 
 using standalone::HostCall;
-using standalone::Instance;
 using testing_support::EffectTest;
+using testing_support::InstanceTest;
+using testing_support::setdownOf;
 
 // Selectors that mean nothing to the effect get records full of nonsense: whoever follows a pointer in them crashes.
 class IgnoredSelector : public EffectTest, public testing::WithParamInterface<A_long> {};
@@ -41,15 +42,15 @@ INSTANTIATE_TEST_SUITE_P(WithoutHandler, IgnoredSelector,
                                          PF_Cmd_RESERVED2, PF_Cmd_RESERVED3));
 
 // One selector each; the error comes from the first suite that its handler asks for.
-class SelectorWithoutSuites : public EffectTest, public testing::WithParamInterface<A_long> {};
+class SelectorWithoutSuites : public InstanceTest, public testing::WithParamInterface<A_long> {};
 
 TEST_P(SelectorWithoutSuites, Returns516) {
-  effect.setUp();
-  Instance instance(effect);
   instance.setUp();
+  const PF_Handle handle = instance.sequenceData();
   host.faults().failAlways(HostCall::AcquireSuite);
   EXPECT_EQ(instance.call({.selector = GetParam()}).code, 516);
   host.faults().failNever();
+  EXPECT_EQ(instance.call(setdownOf(handle)).code, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(EachHandler, SelectorWithoutSuites,
@@ -58,11 +59,9 @@ INSTANTIATE_TEST_SUITE_P(EachHandler, SelectorWithoutSuites,
                                          PF_Cmd_SEQUENCE_SETDOWN, PF_Cmd_GET_FLATTENED_SEQUENCE_DATA));
 
 // The records that these selectors need are missing.
-class SelectorWithoutExtra : public EffectTest, public testing::WithParamInterface<A_long> {};
+class SelectorWithoutExtra : public InstanceTest, public testing::WithParamInterface<A_long> {};
 
 TEST_P(SelectorWithoutExtra, Returns516) {
-  effect.setUp();
-  Instance instance(effect);
   instance.setUp();
   EXPECT_EQ(instance.call({.selector = GetParam()}).code, 516);
 }

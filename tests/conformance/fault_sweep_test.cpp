@@ -3,9 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
 
-#include "tests/support/effect_test.h"
 #include "tests/support/flat_sequence.h"
+#include "tests/support/instance_test.h"
 
 namespace quiltor {
 namespace {
@@ -15,6 +16,7 @@ using standalone::Effect;
 using standalone::Instance;
 using testing_support::EffectTest;
 using testing_support::flatSequence;
+using testing_support::setdownOf;
 
 using Bytes = std::vector<unsigned char>;
 
@@ -115,18 +117,25 @@ TEST_F(FaultSweep, OverGetFlattened) {
 }
 
 TEST_F(FaultSweep, OverSequenceSetdown) {
-  EXPECT_GT(sweepInstance([](Instance& instance) { instance.setUp(); },
-                          [](Instance& instance) { return instance.call({.selector = PF_Cmd_SEQUENCE_SETDOWN}); }),
+  PF_Handle handle = nullptr;
+  EXPECT_GT(sweepInstance(
+                [&](Instance& instance) {
+                  instance.setUp();
+                  handle = instance.sequenceData();
+                },
+                [&](Instance& instance) { return instance.call(setdownOf(handle)); }),
             2u);
 }
 
 TEST_F(FaultSweep, OverSetdownOfFlatData) {
+  PF_Handle handle = nullptr;
   EXPECT_GT(sweepInstance(
-                [](Instance& instance) {
+                [&](Instance& instance) {
                   instance.setUp();
                   instance.flatten();
+                  handle = instance.sequenceData();
                 },
-                [](Instance& instance) { return instance.call({.selector = PF_Cmd_SEQUENCE_SETDOWN}); }),
+                [&](Instance& instance) { return instance.call(setdownOf(handle)); }),
             2u);
 }
 

@@ -15,6 +15,7 @@ using standalone::HostCall;
 using testing_support::flatSequence;
 using testing_support::InstanceTest;
 using testing_support::liveRecordOf;
+using testing_support::setdownOf;
 using testing_support::textsOf;
 
 using Bytes = std::vector<unsigned char>;
@@ -267,6 +268,8 @@ TEST_F(SequenceSetdown, LeavesDataThatCannotBeLockedToTheHost) {
   const CallResult result = instance.call({.selector = PF_Cmd_SEQUENCE_SETDOWN});
   EXPECT_EQ(result.code, 512);
   EXPECT_EQ(result.out.sequence_data, handle);
+  host.faults().failNever();
+  EXPECT_EQ(instance.call(setdownOf(handle)).code, 0);
 }
 
 }  // namespace

@@ -6,6 +6,12 @@
 
 namespace quiltor::testing_support {
 
+// Sequence setdown of this handle, also when the host has let go of it because an earlier setdown failed.
+inline standalone::Call setdownOf(PF_Handle handle) {
+  return {.selector = PF_Cmd_SEQUENCE_SETDOWN,
+          .prepare = [handle](PF_InData& in, PF_OutData& out) { in.sequence_data = out.sequence_data = handle; }};
+}
+
 // A test with one application of the effect, not yet set up; shut down at the end.
 class InstanceTest : public EffectTest {
  protected:
