@@ -1,0 +1,116 @@
+#include "library/pattern_reference.h"
+
+#include <array>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+#include "formats/image_file.h"
+#include "host/render_mutex.h"
+#include "host/suite_handler.h"
+#include "library/files/text_pieces.h"
+
+namespace quiltor {
+namespace {
+
+constexpr uint8_t kWhite = 255;
+
+struct Reference {
+  std::string path;
+  std::string label;
+  std::string name;
+};
+
+Reference splitReference(const std::string& reference) {
+  std::vector<std::string> fields;
+  // Missing fields read as empty.
+  splitAtStars(reference + "*****", fields);
+  return {fields[0], fields[1], fields[2]};
+}
+
+// Where the reference's picture is.
+std::string resolvePath(const Reference& reference) { return reference.path; }
+
+// The text behind the last dot, in lower case; the whole path when no dot comes behind its first character.
+std::string extensionOf(const std::string& path) {
+  const std::string lower = toLowerCopy(path);
+  const size_t dot = lower.rfind('.');
+  return dot == std::string::npos || dot == 0 ? lower : lower.substr(dot + 1);
+}
+
+// Black and white quarters, in grey.
+PatternImage placeholder() {
+  PatternImage image = {kPreviewSize, kPreviewSize, 3, {}};
+  for (int row = 0; row < kPreviewSize; ++row) {
+    for (int column = 0; column < kPreviewSize; ++column) {
+      const bool white = (column < kPreviewSize / 2) != (row >= kPreviewSize / 2);
+      image.pixels.insert(image.pixels.end(), 3, white ? kWhite : uint8_t{0});
+    }
+  }
+  return image;
+}
+
+PatternImage loadPicture(const std::string& path) {
+  const std::string extension = extensionOf(path);
+  PatternImage image;
+  // Deliberate: a failed load shows as what the loader left, and as nothing else.
+  if (extension.find("jp") != std::string::npos) {
+    static_cast<void>(LoadJpegImage(path, image));
+  } else if (extension.find("png") != std::string::npos) {
+    static_cast<void>(LoadPngImage(path, image));
+  } else {
+    image = placeholder();
+  }
+  return image;
+}
+
+// The source rows or columns under the preview's, which takes every fiftieth part of the way.
+std::array<int64_t, kPreviewSize> previewSteps(int32_t size) {
+  std::array<int64_t, kPreviewSize> steps;
+  float position = 0;
+  for (int64_t& step : steps) {
+    step = static_cast<int64_t>(position);
+    position = static_cast<float>(position + size * 0.02);
+  }
+  return steps;
+}
+
+std::vector<uint8_t> makePreview(const PatternImage& image) {
+  std::vector<uint8_t> preview(kPreviewBytes, kWhite);
+  if (image.channels == 0) return preview;
+  const auto& bytes = image.pixels;
+  // A load that failed half-way has fewer bytes than its size says; what is missing is white.
+  const auto byteAt = [&](size_t at) { return at < bytes.size() ? bytes[at] : kWhite; };
+  const auto rows = previewSteps(image.height);
+  const auto columns = previewSteps(image.width);
+  auto pixel = preview.begin();
+  for (const int64_t row : rows) {
+    for (const int64_t column : columns) {
+      const auto source = static_cast<size_t>((row * image.width + column) * image.channels);
+      *pixel++ = byteAt(source + 2);
+      *pixel++ = byteAt(source + 1);
+      *pixel++ = byteAt(source);
+      // Deliberate: of three channels this is the next pixel's red.
+      *pixel++ = byteAt(source + 3);
+    }
+  }
+  return preview;
+}
+
+}  // namespace
+
+void loadPatternReference(SequenceData& instance, std::string& reference, const PF_InData& in, Redraw redraw) {
+  reference = resolvePath(splitReference(reference));
+  PatternImage image = loadPicture(reference);
+  std::vector<uint8_t> preview = makePreview(image);
+  {
+    const std::lock_guard lock(renderMutex());
+    std::swap(*instance.patternImage, image);
+    instance.previewImage->swap(preview);
+  }
+  SuiteHandler suites(in.pica_basicP);
+  const PF_AdvAppSuite1& advancedApplication = suites.advApp();
+  if (redraw == Redraw::Yes) advancedApplication.PF_RefreshAllWindows();
+}
+
+}  // namespace quiltor
