@@ -55,6 +55,7 @@ TEST(ParamSection, GroupKeysAreMatchedInAnyCase) {
 TEST(ParamSection, ANumberAfterGroupIsTheSlot) {
   const ParamRecord param = paramOf("group=1\ngroup1=2\nGroup15=3\ngroup16=4\ngroup-1=5\ngroupx=6\ngroup99999999999=7");
   EXPECT_THAT(param.groups, ElementsAre(1, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3));
+  EXPECT_EQ(param.flags, 0) << "slot 16 lies in the next field";
 }
 
 TEST(ParamSection, FlagsOf901OrMoreWithEitherSignAreSpecial) {
