@@ -13,7 +13,8 @@ endif()
 # One result on every processor: a fused multiply-add rounds once where the formulas round twice.
 add_library(quiltor_language INTERFACE)
 target_compile_features(quiltor_language INTERFACE cxx_std_20)
-target_compile_options(quiltor_language INTERFACE -ffp-contract=off -fvisibility=hidden -fvisibility-inlines-hidden)
+target_compile_options(quiltor_language INTERFACE -ffp-contract=off -fvisibility=hidden
+                       $<$<COMPILE_LANGUAGE:CXX>:-fvisibility-inlines-hidden>)
 target_include_directories(quiltor_language INTERFACE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/src")
 
 set(CMAKE_CXX_EXTENSIONS OFF)
