@@ -29,7 +29,7 @@ struct HostOptions {
 
   int iterateThreads = 4;
   bool offerIterateGeneric = true;  // false: the slot is null
-  std::set<std::pair<std::string, int>> suitesNotOffered;
+  std::set<std::pair<std::string, int>> suitesNotOffered = {};
 
   // Different on purpose, so that an effect that takes one for the other is found.
   RowLayout inputRows{.paddingBytes = 20, .bottomUp = false};
@@ -47,16 +47,15 @@ struct HostOptions {
   PF_RationalScale pixelAspect{1, 1};
   bool preserveRgbOfZeroAlpha = false;
 
-  LayerTransform transform;
+  LayerTransform transform = {};
   // When set, the transform at a layer time in seconds; `transform` is then not used.
-  std::function<LayerTransform(double)> transformAt;
+  std::function<LayerTransform(double)> transformAt = nullptr;
 
   // Answers abort and progress calls: the argument counts them from 0 since the last call into the effect began. Empty:
   // always 0. Called on the thread of the effect's call or of iterate's thread index 0.
-  std::function<PF_Err(int)> onAbort;
-  // Receives one line per selector, suite and other event worth following. Called from any thread, one at a
-  // time.
-  std::function<void(std::string_view)> trace;
+  std::function<PF_Err(int)> onAbort = nullptr;
+  // Receives one line per call, its result and each suite asked for. Called from any thread, one at a time.
+  std::function<void(std::string_view)> trace = nullptr;
 };
 
 }  // namespace quiltor::standalone

@@ -1,0 +1,73 @@
+#include "standalone/host/services/handle_table.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace quiltor::standalone {
+namespace {
+
+struct HandleTableTest : testing::Test {
+  Findings findings;
+  HandleTable handles{findings};
+};
+
+TEST_F(HandleTableTest, AHandlePointsAtTheAddressOfItsData) {
+  const PF_Handle handle = handles.make(8);
+  EXPECT_EQ(handles.lock(handle), *handle);
+  EXPECT_EQ(handles.size(handle), 8u);
+}
+
+TEST_F(HandleTableTest, FreshContentIsNotZero) {
+  for (const unsigned char byte : handles.bytes(handles.make(64))) EXPECT_NE(byte, 0);
+}
+
+TEST_F(HandleTableTest, LocksNest) {
+  const PF_Handle handle = handles.make(8);
+  handles.lock(handle);
+  handles.lock(handle);
+  handles.unlock(handle);
+  handles.unlock(handle);
+  EXPECT_TRUE(findings.empty()) << findings.text();
+  handles.unlock(handle);
+  EXPECT_TRUE(findings.has(FindingKind::HandleUnlockedTooOften));
+}
+
+TEST_F(HandleTableTest, AnImpossibleSizeIsNullAndNoFinding) {
+  EXPECT_EQ(handles.make(std::numeric_limits<A_HandleSize>::max()), nullptr);
+  EXPECT_EQ(handles.make(std::numeric_limits<A_HandleSize>::max() / 4), nullptr);
+  EXPECT_TRUE(findings.empty());
+}
+
+TEST_F(HandleTableTest, NullIsHarmlessAndRecorded) {
+  EXPECT_EQ(handles.lock(nullptr), nullptr);
+  EXPECT_EQ(handles.size(nullptr), 0u);
+  handles.unlock(nullptr);
+  handles.dispose(nullptr);
+  EXPECT_EQ(findings.all().size(), 4u);
+  EXPECT_EQ(findings.all()[0].kind, FindingKind::BadArgument);
+}
+
+TEST_F(HandleTableTest, AHandleOfNoBytesIsLegal) {
+  const PF_Handle handle = handles.make(0);
+  EXPECT_NE(handles.lock(handle), nullptr);
+  EXPECT_EQ(handles.size(handle), 0u);
+}
+
+TEST_F(HandleTableTest, AWriteBeforeTheDataIsFoundAtTheDisposal) {
+  const PF_Handle handle = handles.make(8);
+  static_cast<unsigned char*>(*handle)[-1] ^= 1;
+  handles.dispose(handle);
+  EXPECT_TRUE(findings.has(FindingKind::HandleOverrun));
+}
+
+TEST_F(HandleTableTest, CountsLiveHandles) {
+  const PF_Handle handle = handles.make(8);
+  handles.make(8);
+  EXPECT_EQ(handles.liveCount(), 2u);
+  handles.dispose(handle);
+  EXPECT_EQ(handles.liveCount(), 1u);
+}
+
+}  // namespace
+}  // namespace quiltor::standalone
