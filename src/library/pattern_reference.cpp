@@ -31,11 +31,10 @@ Reference splitReference(const std::string& reference) {
 // Where the reference's picture is.
 std::string resolvePath(const Reference& reference) { return reference.path; }
 
-// The text behind the last dot, in lower case; the whole path when no dot comes behind its first character.
+// The text behind the last dot, in lower case; the whole path when there is none.
 std::string extensionOf(const std::string& path) {
   const std::string lower = toLowerCopy(path);
-  const size_t dot = lower.rfind('.');
-  return dot == std::string::npos || dot == 0 ? lower : lower.substr(dot + 1);
+  return lower.substr(lower.rfind('.') + 1);
 }
 
 // Black and white quarters, in grey.
