@@ -74,15 +74,17 @@ std::array<std::string, 3> describeValue(const Parameter& parameter) {
   }
 }
 
-// Breaks after blanks so that no line of the last column passes the width; a word that is longer stays whole.
+// Breaks after commas so that no line of the last column passes the width; an item that is longer stays whole.
 std::vector<std::string> wrap(const std::string& text, std::size_t width) {
+  constexpr std::string_view kBreak = ", ";
   std::vector<std::string> lines{""};
   for (std::size_t start = 0; start < text.size();) {
-    const std::size_t blank = std::min(text.find(' ', start), text.size() - 1);
-    const std::string word = text.substr(start, blank + 1 - start);
-    if (!lines.back().empty() && lines.back().size() + word.size() > width + 1) lines.emplace_back();
-    lines.back() += word;
-    start = blank + 1;
+    const std::size_t found = text.find(kBreak, start);
+    const std::size_t end = found == std::string::npos ? text.size() : found + kBreak.size();
+    const std::string item = text.substr(start, end - start);
+    if (!lines.back().empty() && lines.back().size() + item.size() > width + 1) lines.emplace_back();
+    lines.back() += item;
+    start = end;
   }
   return lines;
 }

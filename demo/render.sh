@@ -1,0 +1,57 @@
+#!/usr/bin/env bash
+# Renders the demonstration: what the effect can do, one picture each, and a chart of all blend modes.
+# usage: demo/render.sh PROGRAM FOLDER
+set -euo pipefail
+
+readonly quiltor=$1 out=$2
+here="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
+readonly here samples="$here/../samples"
+readonly layer="$samples/layer.png"
+mkdir -p "$out"
+
+# picture NAME [OPTION...]
+picture() {
+  local name=$1
+  shift
+  "$quiltor" render "$layer" -o "$out/$name.png" "$@" || {
+    printf 'demo: %s.png could not be rendered\n' "$name" >&2
+    exit 1
+  }
+  printf '%s\n' "$out/$name.png"
+}
+
+picture tiled --pattern "$samples/woven.png" --set tilemode=Tiled --set opacity=85%
+
+picture rotated-scaled-multiply --pattern "$samples/bricks.jpg" --set rotation=-20 --set scale=140% \
+  --set blendmode=Multiply --set opacity=70%
+
+picture mirrored-soft-light-tint-blur --pattern "$samples/waves.png" --set tilemode=Mirrored --set scale=220% \
+  --set blendmode="Soft Light" --set tintcolor=#49bc38 --set tintopacity=60% --set blur=6%
+
+picture single --pattern "$samples/petals.png" --set tilemode=Single --set scale=250% --set offset=40%,55%
+
+picture locked-to-a-rotated-layer --pattern "$samples/dots.png" --set lock=on --set blendmode="Hard Light" \
+  --set opacity=60% --layer-rotation 30 --layer-scale 80
+
+picture pattern-from-a-layer --pattern-layer "$samples/paper.jpg" --set blendmode=Multiply --set scale=160% \
+  --depth 16
+
+readonly modes=(
+  "Normal" "Stencil Alpha" "Stencil Luma" "Silhouette Alpha" "Silhouette Luma" "Lighten" "Darken" "Multiply" "Average"
+  "Difference" "Negation" "Exclusion" "Screen" "Overlay" "Soft Light" "Hard Light" "Color Dodge" "Color Burn"
+  "Linear Dodge" "Linear Burn" "Linear Light" "Vivid Light" "Pin Light" "Hard Mix" "Reflect" "Glow" "Phoenix"
+)
+scratch="$(mktemp -d)"
+readonly scratch
+trap 'rm -rf "$scratch"' EXIT
+cells=("The layer=$layer" "The pattern=$samples/petals.png")
+for mode in "${modes[@]}"; do
+  "$quiltor" render "$layer" -o "$scratch/$mode.png" --downsample 4 --pattern "$samples/petals.png" \
+    --set blendmode="$mode" --set scale=260% || {
+    printf 'demo: the blend mode %s could not be rendered\n' "$mode" >&2
+    exit 1
+  }
+  cells+=("$mode=$scratch/$mode.png")
+done
+/usr/bin/python3 "$here/draw_chart.py" "$out/blend-modes.png" "${cells[@]}"
+printf '%s\n' "$out/blend-modes.png"
