@@ -26,7 +26,7 @@ TEST(EffectDescription, OfTheBuiltInTextHasTheEffectsBundleNameAndTheDefaultVers
   EXPECT_EQ(effectDescription().settings.versionMajor, 1);
   EXPECT_EQ(effectDescription().settings.versionMinor, 0);
   EXPECT_EQ(effectDescription().settings.versionBug, 0);
-  EXPECT_EQ(effectDescription().settings.description, "");
+  EXPECT_EQ(effectDescription().settings.description, "Draws a pattern over a layer.");
 }
 
 }  // namespace

@@ -66,7 +66,7 @@ struct PresetEntry {
 struct DescriptionSettings {
   std::string name;
   std::string header;
-  std::string description;
+  std::string description = "Draws a pattern over a layer.";  // shown by About
   std::string category;
   std::string uniqueId;
   std::string logo;

@@ -7,7 +7,7 @@
 #define QUILTOR_BLEND_FORMULAS_INL_H
 #endif
 
-#include "hwy/highway.h"
+#include <hwy/highway.h>
 #include "render/kernels/vector_lanes-inl.h"
 
 HWY_BEFORE_NAMESPACE();

@@ -5,9 +5,9 @@
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "render/kernels/blur.cpp"
-#include "hwy/foreach_target.h"
+#include <hwy/foreach_target.h>
 //
-#include "hwy/highway.h"
+#include <hwy/highway.h>
 #include "render/kernels/vector_lanes-inl.h"
 
 HWY_BEFORE_NAMESPACE();

@@ -5,9 +5,9 @@
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "render/kernels/composite.cpp"
-#include "hwy/foreach_target.h"
+#include <hwy/foreach_target.h>
 //
-#include "hwy/highway.h"
+#include <hwy/highway.h>
 #include "render/kernels/blend_formulas-inl.h"
 #include "render/kernels/blend_modes.h"
 #include "render/kernels/vector_lanes-inl.h"

@@ -4,7 +4,7 @@
 #include <random>
 #include <vector>
 
-#include "hwy/targets.h"
+#include <hwy/targets.h>
 #include "render/kernels/blend_modes.h"
 #include "render/kernels/blur.h"
 #include "render/kernels/composite.h"

@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "hwy/highway.h"
+#include <hwy/highway.h>
 #include "render/kernels/channel_scale.h"
 
 HWY_BEFORE_NAMESPACE();
