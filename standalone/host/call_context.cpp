@@ -83,6 +83,10 @@ void CallContext::checkEnd() {
   if (smart) smart->checkEnd();
 }
 
+void CallContext::forgive(PF_Handle handle, const CallResult& result) {
+  if (!result.succeeded() && host.faults.struck()) host.handles.drop(handle);
+}
+
 PF_Err CallContext::checkOut(PF_ParamIndex index, A_long time, A_u_long timeScale, PF_ParamDef& destination) {
   if (!values || index < 0 || static_cast<std::size_t>(index) >= values->size()) {
     host.findings.record(FindingKind::BadArgument, "parameter " + std::to_string(index) + " was checked out, of " +

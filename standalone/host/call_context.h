@@ -43,6 +43,9 @@ class CallContext : public CallScope {
   // Calls the effect and runs the checks of a call's end.
   CallResult perform(EntryPoint entryPoint, const Call& call);
 
+  // After a set-down: a handle that the effect could not dispose because a host call was made to fail is not its leak.
+  void forgive(PF_Handle handle, const CallResult& result);
+
   // --- Parameter check-outs ---
   PF_Err checkOut(PF_ParamIndex index, A_long time, A_u_long timeScale, PF_ParamDef& destination);
   PF_Err checkIn(PF_ParamDef& record);

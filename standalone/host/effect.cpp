@@ -46,6 +46,7 @@ CallResult Effect::call(const Call& call) {
     outFlags2_ = result.out.out_flags2;
     globalData_ = result.out.global_data;
   } else if (call.selector == PF_Cmd_GLOBAL_SETDOWN) {
+    context.forgive(globalData_, result);
     globalSetupCalled_ = false;
     globalData_ = nullptr;
   }

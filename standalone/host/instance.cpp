@@ -138,6 +138,7 @@ CallResult Instance::run(const Call& call, std::vector<unsigned char>* flat) {
   fillContext(context);
   CallResult result = context.perform(effect_.entryPoint(), call);
   const EnterCall enter(&context);
+  if (call.selector == PF_Cmd_SEQUENCE_SETDOWN) context.forgive(sequenceData_, result);
   keepSequenceData(call, result, flat);
   return result;
 }

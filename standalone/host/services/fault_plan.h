@@ -37,7 +37,8 @@ enum class HostCall {
 };
 
 // Decides which host calls fail, and counts them all. Calls that give something back still do their work when they
-// fail, so that a failure never forces a leak. Thread-safe; the count of concurrent calls is in the order of arrival.
+// fail, and a set-down that fails with a failed call is forgiven its handle, so that a failure never forces a leak.
+// Thread-safe; the count of concurrent calls is in the order of arrival.
 //
 //   for (std::size_t k = 0;; ++k) {
 //     host.faults().failAt(k);

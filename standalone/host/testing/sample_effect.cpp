@@ -185,7 +185,8 @@ PF_Err globalSetup(PF_InData* in, PF_OutData* out) {
 
 PF_Err globalSetdown(PF_InData* in) {
   const Handles handles = handlesOf(in);
-  if (handles && in->global_data) handles->host_dispose_handle(in->global_data);
+  if (!handles) return PF_Err_BAD_CALLBACK_PARAM;
+  if (in->global_data) handles->host_dispose_handle(in->global_data);
   return PF_Err_NONE;
 }
 
@@ -266,7 +267,8 @@ PF_Err sequenceFlatten(PF_InData* in, PF_OutData* out, bool replace) {
 
 PF_Err sequenceSetdown(PF_InData* in) {
   const Handles handles = handlesOf(in);
-  if (handles && in->sequence_data) handles->host_dispose_handle(in->sequence_data);
+  if (!handles) return PF_Err_BAD_CALLBACK_PARAM;
+  if (in->sequence_data) handles->host_dispose_handle(in->sequence_data);
   return PF_Err_NONE;
 }
 
@@ -300,15 +302,17 @@ PF_Err copyWorld(PF_InData* in, PF_EffectWorld* input, PF_EffectWorld* output) {
   return iterate->iterate_generic(output->height, &job, &copyRow);
 }
 
+PF_Err checkOutAndIn(PF_InData* in, PF_ParamIndex index, A_long time, PF_ParamDef* record) {
+  const PF_Err code = in->inter.checkout_param(in->effect_ref, index, time, in->time_step, in->time_scale, record);
+  return code ? code : in->inter.checkin_param(in->effect_ref, record);
+}
+
 PF_Err render(PF_InData* in, PF_ParamDef** params, PF_EffectWorld* output) {
-  PF_ParamDef local{};
-  PF_ParamDef* amount = does("ParamCheckoutIntoParams") ? params[2] : &local;
-  if (const PF_Err code = in->inter.checkout_param(in->effect_ref, 2, in->current_time, 1, in->time_scale, amount)) {
-    return code;
-  }
-  const PF_Err code = copyWorld(in, &params[0]->u.ld, output);
-  const PF_Err checkedIn = in->inter.checkin_param(in->effect_ref, amount);
-  return code ? code : checkedIn;
+  PF_ParamDef record{};
+  if (const PF_Err code = checkOutAndIn(in, 1, in->current_time + 3, &record)) return code;
+  PF_ParamDef* destination = does("ParamCheckoutIntoParams") ? params[2] : &record;
+  if (const PF_Err code = checkOutAndIn(in, 2, in->current_time, destination)) return code;
+  return copyWorld(in, &params[0]->u.ld, output);
 }
 
 PF_Err preRender(PF_InData* in, PF_PreRenderExtra* extra) {

@@ -1,0 +1,2 @@
+// A shared library that is no effect.
+extern "C" __attribute__((visibility("default"))) int someFunction() { return 0; }
