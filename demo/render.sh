@@ -20,15 +20,19 @@ picture() {
   printf '%s\n' "$out/$name.png"
 }
 
-picture tiled --pattern "$samples/woven.png" --set tilemode=Tiled --set opacity=85%
+picture tiled --pattern "$samples/woven.png" --set tilemode=Tiled --set scale=150% --set blendmode=Overlay \
+  --set opacity=80%
 
 picture rotated-scaled-multiply --pattern "$samples/bricks.jpg" --set rotation=-20 --set scale=140% \
   --set blendmode=Multiply --set opacity=70%
 
 picture mirrored-soft-light-tint-blur --pattern "$samples/waves.png" --set tilemode=Mirrored --set scale=220% \
-  --set blendmode="Soft Light" --set tintcolor=#49bc38 --set tintopacity=60% --set blur=6%
+  --set blendmode="Soft Light" --set tintcolor=#49bc38 --set tintopacity=60% --set blur=6% \
+  --set opacity=75%
 
-picture single --pattern "$samples/petals.png" --set tilemode=Single --set scale=250% --set offset=40%,55%
+# Around a single pattern lies black, which leaves the layer as it is where the lighter of both is taken.
+picture single --pattern "$samples/bricks.jpg" --set tilemode=Single --set scale=120% --set rotation=12 \
+  --set offset=40%,55% --set blendmode=Lighten
 
 picture locked-to-a-rotated-layer --pattern "$samples/dots.png" --set lock=on --set blendmode="Hard Light" \
   --set opacity=60% --layer-rotation 30 --layer-scale 80
