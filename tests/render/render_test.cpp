@@ -1,5 +1,7 @@
 #include "tests/render/render_test.h"
 
+#include <utility>
+
 #include "tests/render/jpeg_file.h"
 #include "tests/support/flat_sequence.h"
 #include "tests/support/png_file.h"
@@ -89,8 +91,12 @@ Comparison RenderTest::drawAndCompare(RenderCase& frame) {
   return compare(*result.output, reference::render(referenceFrame(frame)));
 }
 
-void RenderTest::expectAsReference(RenderCase frame) {
-  EXPECT_EQ(drawAndCompare(frame).firstBeyond, "") << describe(frame);
+standalone::World RenderTest::drawn(RenderCase frame) {
+  RenderResult result = draw(frame);
+  EXPECT_EQ(result.code, PF_Err_NONE) << result.message;
+  EXPECT_TRUE(result.output.has_value());
+  if (result.output) return std::move(*result.output);
+  return {frame.input.format(), 0, 0};
 }
 
 }  // namespace quiltor::render_tests
