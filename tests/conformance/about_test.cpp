@@ -20,7 +20,7 @@ TEST_F(About, TellsTheEffectsNameWhatItDoesAndItsVersion) {
   EXPECT_EQ(result.message(),
             "Quiltor\r"
             "The plugin allows you to draw textures on layers and work with patterns directly from AE.\r"
-            "\r"
+            "Draws a pattern over a layer.\r"
             "v1.0.0");
 }
 

@@ -14,6 +14,7 @@ namespace {
 using standalone::CallResult;
 using standalone::Effect;
 using standalone::Instance;
+using testing_support::detachData;
 using testing_support::EffectTest;
 using testing_support::flatSequence;
 using testing_support::setdownOf;
@@ -121,9 +122,9 @@ TEST_F(FaultSweep, OverSequenceSetdown) {
   EXPECT_GT(sweepInstance(
                 [&](Instance& instance) {
                   instance.setUp();
-                  handle = instance.sequenceData();
+                  handle = detachData(instance);
                 },
-                [&](Instance& instance) { return instance.call(setdownOf(handle)); }),
+                [&](Instance&) { return effect.call(setdownOf(handle)); }),
             2u);
 }
 
@@ -133,9 +134,9 @@ TEST_F(FaultSweep, OverSetdownOfFlatData) {
                 [&](Instance& instance) {
                   instance.setUp();
                   instance.flatten();
-                  handle = instance.sequenceData();
+                  handle = detachData(instance);
                 },
-                [&](Instance& instance) { return instance.call(setdownOf(handle)); }),
+                [&](Instance&) { return effect.call(setdownOf(handle)); }),
             2u);
 }
 

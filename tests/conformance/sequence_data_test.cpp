@@ -12,6 +12,7 @@ namespace {
 
 using standalone::CallResult;
 using standalone::HostCall;
+using testing_support::detachData;
 using testing_support::flatSequence;
 using testing_support::InstanceTest;
 using testing_support::liveRecordOf;
@@ -263,13 +264,22 @@ TEST_F(SequenceSetdown, OfNothingReturns0) { EXPECT_EQ(instance.call({.selector 
 
 TEST_F(SequenceSetdown, LeavesDataThatCannotBeLockedToTheHost) {
   instance.setUp();
-  const PF_Handle handle = instance.sequenceData();
+  const PF_Handle handle = detachData(instance);
   host.faults().failAlways(HostCall::LockHandle);
-  const CallResult result = instance.call({.selector = PF_Cmd_SEQUENCE_SETDOWN});
+  const CallResult result = effect.call(setdownOf(handle));
   EXPECT_EQ(result.code, 512);
   EXPECT_EQ(result.out.sequence_data, handle);
   host.faults().failNever();
-  EXPECT_EQ(instance.call(setdownOf(handle)).code, 0);
+  EXPECT_EQ(effect.call(setdownOf(handle)).code, 0);
+}
+
+TEST_F(SequenceSetdown, Returns516WithoutTheHandleSuiteAndWorksWhenItIsBack) {
+  instance.setUp();
+  const PF_Handle handle = detachData(instance);
+  host.faults().failAlways(HostCall::AcquireSuite);
+  EXPECT_EQ(effect.call(setdownOf(handle)).code, 516);
+  host.faults().failNever();
+  EXPECT_EQ(effect.call(setdownOf(handle)).code, 0);
 }
 
 }  // namespace

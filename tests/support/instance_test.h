@@ -6,10 +6,18 @@
 
 namespace quiltor::testing_support {
 
-// Sequence setdown of this handle, also when the host has let go of it because an earlier setdown failed.
+// Sequence setdown of this handle.
 inline standalone::Call setdownOf(PF_Handle handle) {
   return {.selector = PF_Cmd_SEQUENCE_SETDOWN,
           .prepare = [handle](PF_InData& in, PF_OutData& out) { in.sequence_data = out.sequence_data = handle; }};
+}
+
+// Makes the host let go of the instance's data without a word to the effect. The host takes back what a failed setdown
+// left behind; with detached data a test can fail a setdown and repeat it, through the effect's own call.
+inline PF_Handle detachData(standalone::Instance& instance) {
+  const PF_Handle handle = instance.sequenceData();
+  instance.call(setdownOf(nullptr));
+  return handle;
 }
 
 // A test with one application of the effect, not yet set up; shut down at the end.
