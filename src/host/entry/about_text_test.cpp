@@ -40,7 +40,7 @@ TEST(AboutText, IsCutAt230Characters) {
 
 TEST(AboutText, OfADescriptionWithoutSettingsHasTheDefaults) {
   const std::string text = aboutText(DescriptionSettings{});
-  EXPECT_EQ(text.substr(text.rfind("AE.")), "AE.\r\rv1.0.0");
+  EXPECT_EQ(text.substr(text.rfind("AE.")), "AE.\rDraws a pattern over a layer.\rv1.0.0");
 }
 
 }  // namespace
