@@ -8,6 +8,8 @@ namespace quiltor::standalone {
 namespace {
 
 constexpr std::size_t kGuardBytes = 32;
+// Sizes that no machine has are refused here: some allocators end the process for them.
+constexpr A_HandleSize kLargestHandle = A_HandleSize{1} << 36;
 constexpr unsigned char kFresh = 0xCD;
 
 unsigned char guardByte(std::size_t index) { return static_cast<unsigned char>(0xA5 ^ (index * 29)); }
@@ -19,9 +21,9 @@ std::string HandleTable::nameOf(const Block& block) {
 }
 
 PF_Handle HandleTable::make(A_HandleSize size) {
+  if (size > kLargestHandle) return nullptr;
   auto block = std::make_unique<Block>();
   try {
-    if (size > block->memory.max_size() - 2 * kGuardBytes) return nullptr;
     block->memory.resize(static_cast<std::size_t>(size) + 2 * kGuardBytes, kFresh);
   } catch (const std::bad_alloc&) {
     return nullptr;

@@ -50,7 +50,7 @@ SPBasicSuite makeBasicSuite() {
   return suite;
 }
 
-PF_UtilCallbacks makeUtilCallbacks() {
+PF_UtilCallbacks makeUtilCallbacks(bool offersGeneric) {
   auto table = tableOfUnimplementedSlots<PF_UtilCallbacks>();
   const PF_HandleSuite1& handles = handleSuite();
   table.host_new_handle = handles.host_new_handle;
@@ -58,7 +58,7 @@ PF_UtilCallbacks makeUtilCallbacks() {
   table.host_unlock_handle = handles.host_unlock_handle;
   table.host_dispose_handle = handles.host_dispose_handle;
   table.host_get_handle_size = handles.host_get_handle_size;
-  table.iterate_generic = iterate8Suite().iterate_generic;
+  table.iterate_generic = offersGeneric ? iterateGenericFunction() : nullptr;
   return table;
 }
 
@@ -75,9 +75,9 @@ SPBasicSuite& basicSuite() {
 }
 
 PF_UtilCallbacks& utilCallbacks() {
-  static PF_UtilCallbacks table;
-  table = makeUtilCallbacks();
-  return table;
+  static PF_UtilCallbacks whole = makeUtilCallbacks(true);
+  static PF_UtilCallbacks withoutGeneric = makeUtilCallbacks(false);
+  return hostState().options.offerIterateGeneric ? whole : withoutGeneric;
 }
 
 }  // namespace quiltor::standalone

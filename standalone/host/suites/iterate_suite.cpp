@@ -70,6 +70,8 @@ PF_Iterate8Suite1 makeSuite(bool offersGeneric) {
 
 }  // namespace
 
+decltype(PF_Iterate8Suite1::iterate_generic) iterateGenericFunction() { return &iterateGeneric; }
+
 const PF_Iterate8Suite1& iterate8Suite() {
   static const PF_Iterate8Suite1 whole = makeSuite(true);
   static const PF_Iterate8Suite1 withoutGeneric = makeSuite(false);

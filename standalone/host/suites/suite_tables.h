@@ -10,6 +10,7 @@ const PF_HandleSuite1& handleSuite();
 const PF_ANSICallbacksSuite1& ansiSuite();
 // Two tables: whether iterate_generic is offered is the host's option.
 const PF_Iterate8Suite1& iterate8Suite();
+decltype(PF_Iterate8Suite1::iterate_generic) iterateGenericFunction();
 const PF_WorldSuite2& worldSuite();
 const PF_PixelFormatSuite& pixelFormatSuite();
 const PF_EffectUISuite1& effectUiSuite();
