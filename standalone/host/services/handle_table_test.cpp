@@ -44,7 +44,7 @@ TEST_F(HandleTableTest, NullIsHarmlessAndRecorded) {
   EXPECT_EQ(handles.size(nullptr), 0u);
   handles.unlock(nullptr);
   handles.dispose(nullptr);
-  EXPECT_EQ(findings.all().size(), 4u);
+  ASSERT_EQ(findings.all().size(), 4u);
   EXPECT_EQ(findings.all()[0].kind, FindingKind::BadArgument);
 }
 
