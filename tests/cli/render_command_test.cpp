@@ -43,6 +43,13 @@ class RenderCommandTest : public CommandLineTest {
     EXPECT_FALSE(std::filesystem::exists(output));
   }
 
+  void expectRed() const {
+    const Rgba pixel = readPicture(output, WorldFormat::Argb8).at(3, 3);
+    EXPECT_EQ(pixel.r, 1);
+    EXPECT_EQ(pixel.g, 0);
+    EXPECT_EQ(pixel.b, 0);
+  }
+
   const std::string layer = folder.path("layer.png");
   const std::string red = folder.path("red.png");
   const std::string output = folder.path("out.png");
@@ -53,19 +60,18 @@ TEST_F(RenderCommandTest, drawsThePatternOfAFile) {
   const World picture = readPicture(output, WorldFormat::Argb8);
   ASSERT_EQ(picture.width(), 12);
   ASSERT_EQ(picture.height(), 8);
-  EXPECT_EQ(picture.at(3, 3).r, 1);
-  EXPECT_EQ(picture.at(3, 3).g, 0);
+  expectRed();
 }
 
 TEST_F(RenderCommandTest, drawsThePatternOfALayer) {
   ASSERT_EQ(render({"--pattern-layer", red}).status, 0);
-  EXPECT_EQ(readPicture(output, WorldFormat::Argb8).at(3, 3).r, 1);
+  expectRed();
 }
 
 TEST_F(RenderCommandTest, findsThePatternByARelativePath) {
   const std::string relative = std::filesystem::relative(red).string();
   ASSERT_EQ(render({"--pattern", relative}).status, 0);
-  EXPECT_EQ(readPicture(output, WorldFormat::Argb8).at(3, 3).r, 1);
+  expectRed();
 }
 
 TEST_F(RenderCommandTest, setsParametersByBothNames) {
