@@ -20,12 +20,16 @@ class Checkouts {
   Checkouts(const Checkouts&) = delete;
   Checkouts& operator=(const Checkouts&) = delete;
 
-  // The value lives as long as this. Throws the host's code when the host refuses.
+  // The value lives as long as this, at one address: a host may know a checkout by that of its record. Throws the
+  // host's code when the host refuses.
   const PF_ParamDef& checkOut(PF_ParamIndex index, A_long time) {
-    PF_ParamDef value{};
+    PF_ParamDef& value = values_.emplace_back();
     const PF_Err code = in_.inter.checkout_param(in_.effect_ref, index, time, in_.time_step, in_.time_scale, &value);
-    if (code != PF_Err_NONE) throwHostError(code);
-    return values_.emplace_back(value);
+    if (code != PF_Err_NONE) {
+      values_.pop_back();
+      throwHostError(code);
+    }
+    return value;
   }
 
  private:
