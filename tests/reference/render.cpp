@@ -80,12 +80,13 @@ Pixel samplePixel(const Frame& frame, int x, int y) {
                                                 fold(at.y, frame.pattern.height, frame.tile)}));
 }
 
-// The weighted mean along one direction; `tap(k)` is the pixel k steps away, null outside the picture.
+// The weighted mean along one direction; `tap(k)` is the pixel k steps away, null outside the picture. The taps at full
+// radius weigh nothing and are left out: not even an infinite one counts.
 template <typename Tap>
 Pixel blurredPixel(int radius, Tap tap) {
   float r = 0, g = 0, b = 0;
   double total = 0;
-  for (int k = -radius; k <= radius; ++k) {
+  for (int k = 1 - radius; k < radius; ++k) {
     const Pixel* pixel = tap(k);
     if (pixel == nullptr) continue;
     const float ratio = static_cast<float>(k) / static_cast<float>(radius);

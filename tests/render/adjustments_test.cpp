@@ -1,4 +1,7 @@
 // Inversion, tint and blur of the pattern, with numbers worked out by hand.
+#include <cmath>
+#include <limits>
+
 #include "tests/render/hand_case.h"
 #include "tests/render/render_test.h"
 
@@ -103,6 +106,16 @@ TEST_F(AdjustmentsRender, BlurNeitherDarkensNorWrapsAtTheEdge) {
   RenderCase even = flat({0.2, 0.4, 0.8, 1});
   even.blur = 100;
   expectAll(drawn(even), {0.2, 0.4, 0.8, 1});
+}
+
+TEST_F(AdjustmentsRender, BlurDoesNotReachThePixelsAtItsFullRadius) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  RenderCase frame = overlaid(filled(6, 1, grey(0)), rowOf({grey(1), grey(1), grey(1), grey(1), grey(1), grey(1)}));
+  frame.patternLayer.set(5, 0, grey(infinity));
+  frame.blur = 3;
+  const World picture = drawn(frame);
+  for (int x = 0; x < 3; ++x) expectPixel(picture, x, 0, grey(1));
+  for (int x = 3; x < 6; ++x) EXPECT_FALSE(std::isfinite(picture.at(x, 0).r)) << x;
 }
 
 TEST_F(AdjustmentsRender, BlurKeepsTheEdgesOfAlphaHard) {

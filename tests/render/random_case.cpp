@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <string>
 
 #include "tests/reference/render.h"
@@ -97,8 +98,22 @@ struct Size {
   int width, height;
 };
 
+// What a float layer may hold besides colours.
+float wildFloat(Dice& dice) {
+  constexpr float kWild[] = {std::numeric_limits<float>::quiet_NaN(),
+                             std::numeric_limits<float>::infinity(),
+                             -std::numeric_limits<float>::infinity(),
+                             3e38f,
+                             -3e38f,
+                             1e-40f,
+                             -0.0f,
+                             1e6f,
+                             -1e6f};
+  return dice.oneIn(12) ? kWild[dice.whole(0, 8)] : randomFloat(dice);
+}
+
 // One statement for every number wherever the order counts: compilers evaluate arguments in different orders.
-World randomWorld(Dice& dice, WorldFormat format, Size most) {
+World randomWorld(Dice& dice, WorldFormat format, Size most, bool wild) {
   const int width = randomSide(dice, most.width);
   const int height = randomSide(dice, most.height);
   World world(format, width, height);
@@ -110,7 +125,7 @@ World randomWorld(Dice& dice, WorldFormat format, Size most) {
       fillRandomly<uint16_t>(world, [&] { return randomDeep(dice); });
       break;
     default:
-      fillRandomly<float>(world, [&] { return randomFloat(dice); });
+      fillRandomly<float>(world, [&] { return wild ? wildFloat(dice) : randomFloat(dice); });
       break;
   }
   return world;
@@ -212,11 +227,12 @@ RenderCase randomCase(uint32_t number) {
   // Every depth may come either way; floats only count in full by smart rendering in a host that keeps the rules.
   f.smart = depth == WorldFormat::ArgbFloat || dice.oneIn(2);
   const bool large = dice.oneIn(100);
-  f.input = randomWorld(dice, depth, large ? Size{300, 200} : Size{70, 50});
+  const bool wild = dice.oneIn(8);
+  f.input = randomWorld(dice, depth, large ? Size{300, 200} : Size{70, 50}, wild);
   if (f.smart && dice.oneIn(2)) setRandomOrigin(dice, f.input);
 
   f.source = randomSource(dice);
-  if (f.source == PatternSource::Layer) f.patternLayer = randomWorld(dice, depth, {40, 40});
+  if (f.source == PatternSource::Layer) f.patternLayer = randomWorld(dice, depth, {40, 40}, wild);
   if (isFile(f.source)) f.file = randomFile(dice, f.source);
 
   f.lock = dice.oneIn(3);
