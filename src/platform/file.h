@@ -6,10 +6,18 @@
 
 namespace quiltor {
 
-// fopen for a UTF-8 path. mode is the C library's. Null when the path cannot be opened, and for a folder. Never throws.
-std::FILE* openFile(const std::string& path, const char* mode);
+// fopen for a UTF-8 path, whose separators are "/" and "\". mode is the C library's. Null when the path cannot be
+// opened, and for a folder. Never throws.
+std::FILE* openFile(const std::string& path, const char* mode) noexcept;
 
 // How many bytes an open file holds; 0 when the system cannot tell. Leaves the position alone. Never throws.
 int64_t fileSize(std::FILE* file);
+
+// Gives a file another name in one step: whoever opens that name meets the file that had it before or the whole new
+// one. False when the system refuses. Never throws.
+bool replaceFile(const std::string& from, const std::string& to) noexcept;
+
+// Deletes a file if it is there. Never throws.
+void removeFile(const std::string& path) noexcept;
 
 }  // namespace quiltor

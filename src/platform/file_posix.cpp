@@ -1,13 +1,28 @@
 #include "platform/file.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+
+#include "platform/system_path_posix.h"
 
 namespace quiltor {
 
-std::FILE* openFile(const std::string& path, const char* mode) {
-  std::FILE* file = std::fopen(path.c_str(), mode);
+std::string systemPath(const std::string& path) {
+  std::string result = path;
+  std::replace(result.begin(), result.end(), '\\', '/');
+  return result;
+}
+
+std::FILE* openFile(const std::string& path, const char* mode) noexcept {
+  std::FILE* file = nullptr;
+  try {
+    file = std::fopen(systemPath(path).c_str(), mode);
+  } catch (...) {
+    errno = ENOMEM;
+  }
   struct stat status;
   // Only POSIX opens a folder for reading, and then fails at the first byte.
   if (file && fstat(fileno(file), &status) == 0 && S_ISDIR(status.st_mode)) {
@@ -21,6 +36,22 @@ std::FILE* openFile(const std::string& path, const char* mode) {
 int64_t fileSize(std::FILE* file) {
   struct stat status;
   return fstat(fileno(file), &status) == 0 ? int64_t{status.st_size} : 0;
+}
+
+bool replaceFile(const std::string& from, const std::string& to) noexcept {
+  try {
+    return std::rename(systemPath(from).c_str(), systemPath(to).c_str()) == 0;
+  } catch (...) {
+    return false;
+  }
+}
+
+void removeFile(const std::string& path) noexcept {
+  try {
+    unlink(systemPath(path).c_str());
+  } catch (...) {
+    // What cannot even be named stays.
+  }
 }
 
 }  // namespace quiltor

@@ -32,6 +32,43 @@ TEST(OpenFile, GivesNothingForAFolder) {
   EXPECT_EQ(errno, EISDIR);
 }
 
+TEST(OpenFile, TakesBothSeparators) {
+  const ScratchFolder scratch;
+  std::FILE* file = openFile(scratch.path() + "\\new", "wb");
+  ASSERT_NE(file, nullptr);
+  std::fclose(file);
+  EXPECT_TRUE(std::filesystem::is_regular_file(scratch.path("new")));
+}
+
+TEST(ReplaceFile, PutsAFileInTheOthersPlace) {
+  const ScratchFolder scratch;
+  std::ofstream(scratch.path("new")) << "new";
+  std::ofstream(scratch.path("old")) << "old content";
+  EXPECT_TRUE(replaceFile(scratch.path("new"), scratch.path("old")));
+  EXPECT_FALSE(std::filesystem::exists(scratch.path("new")));
+  EXPECT_EQ(std::filesystem::file_size(scratch.path("old")), 3u);
+}
+
+TEST(ReplaceFile, LeavesBothWhenAFolderIsInTheWay) {
+  const ScratchFolder scratch;
+  std::ofstream(scratch.path("new")) << "new";
+  std::filesystem::create_directory(scratch.path("folder"));
+  EXPECT_FALSE(replaceFile(scratch.path("new"), scratch.path("folder")));
+  EXPECT_TRUE(std::filesystem::exists(scratch.path("new")));
+  EXPECT_FALSE(replaceFile(scratch.path("missing"), scratch.path("new")));
+}
+
+TEST(RemoveFile, DeletesAFileAndNothingElse) {
+  const ScratchFolder scratch;
+  std::ofstream(scratch.path("file")) << "x";
+  std::filesystem::create_directory(scratch.path("folder"));
+  removeFile(scratch.path("file"));
+  removeFile(scratch.path("folder"));
+  removeFile(scratch.path("missing"));
+  EXPECT_FALSE(std::filesystem::exists(scratch.path("file")));
+  EXPECT_TRUE(std::filesystem::exists(scratch.path("folder")));
+}
+
 TEST(FileSize, IsTheNumberOfBytesAndLeavesThePosition) {
   const ScratchFolder scratch;
   std::ofstream(scratch.path("ten")) << "0123456789";

@@ -1,3 +1,5 @@
+#include "platform/named_mutex_posix.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -5,19 +7,17 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <mutex>
 
 #include "platform/named_mutex.h"
 
 namespace quiltor {
-namespace {
 
 std::string lockFilePath(const std::string& name) {
-  const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
-  const std::string folder = runtimeFolder && *runtimeFolder ? runtimeFolder : P_tmpdir;
-  return folder + "/quiltor-" + name + "-" + std::to_string(getuid()) + ".lock";
+  return P_tmpdir "/quiltor-" + name + "-" + std::to_string(getuid()) + ".lock";
 }
+
+namespace {
 
 // -1 when there is no file that is ours alone: in a folder that all users write to, another user's file of that name
 // could be kept locked for ever.

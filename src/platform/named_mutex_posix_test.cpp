@@ -1,3 +1,5 @@
+#include "platform/named_mutex_posix.h"
+
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -10,6 +12,7 @@
 #include <filesystem>
 #include <mutex>
 #include <new>
+#include <random>
 #include <string>
 #include <thread>
 
@@ -20,7 +23,6 @@
 namespace quiltor {
 namespace {
 
-constexpr char kName[] = "TESTMUTEX";
 constexpr int kTurns = 2000;
 
 // What several threads or processes do between lock() and unlock(): notices when it is not alone.
@@ -67,12 +69,15 @@ pid_t startProcess(Work work) {
   return child;
 }
 
+// Each test has a mutex of its own; other programs of the user may be running the same tests.
 class NamedMutexTest : public testing::Test {
  protected:
-  std::string lockFile() const {
-    const std::filesystem::directory_iterator files(scratch_.path());
-    return files == end(files) ? "" : files->path().string();
+  ~NamedMutexTest() override {
+    std::filesystem::remove_all(lockFile());
+    std::filesystem::remove_all(lockFilePath(name_ + "OTHER"));
   }
+
+  std::string lockFile() const { return lockFilePath(name_); }
 
   bool isHeld() const {
     const int descriptor = open(lockFile().c_str(), O_RDONLY | O_CLOEXEC);
@@ -82,12 +87,11 @@ class NamedMutexTest : public testing::Test {
     return held;
   }
 
-  ScratchFolder scratch_;
-  EnvironmentOverride runtime_{"XDG_RUNTIME_DIR", scratch_.path()};
+  const std::string name_ = "TEST" + std::to_string(std::random_device()());
 };
 
 TEST_F(NamedMutexTest, IsHeldFromLockToUnlock) {
-  NamedMutex mutex(kName);
+  NamedMutex mutex(name_);
   mutex.lock();
   EXPECT_TRUE(isHeld());
   mutex.unlock();
@@ -95,7 +99,7 @@ TEST_F(NamedMutexTest, IsHeldFromLockToUnlock) {
 }
 
 TEST_F(NamedMutexTest, KeepsThreadsApart) {
-  NamedMutex mutex(kName);
+  NamedMutex mutex(name_);
   Room room;
   std::thread other([&] { room.visitOften(mutex); });
   room.visitOften(mutex);
@@ -107,7 +111,7 @@ TEST_F(NamedMutexTest, KeepsThreadsApart) {
 TEST_F(NamedMutexTest, KeepsThreadsApartThatMadeItTwice) {
   Room room;
   const auto work = [&] {
-    NamedMutex mutex(kName);
+    NamedMutex mutex(name_);
     room.visitOften(mutex);
   };
   std::thread other(work);
@@ -120,7 +124,7 @@ TEST_F(NamedMutexTest, KeepsThreadsApartThatMadeItTwice) {
 TEST_F(NamedMutexTest, KeepsProcessesApart) {
   const Shared<Room> room;
   const auto work = [&] {
-    NamedMutex mutex(kName);
+    NamedMutex mutex(name_);
     room->visitOften(mutex);
   };
   const pid_t first = startProcess(work);
@@ -131,10 +135,26 @@ TEST_F(NamedMutexTest, KeepsProcessesApart) {
   EXPECT_EQ(room->visits, 2 * kTurns);
 }
 
+TEST_F(NamedMutexTest, KeepsProcessesApartThatHaveDifferentEnvironments) {
+  const Shared<Room> room;
+  const ScratchFolder folder;
+  const auto work = [&](const char* variable) {
+    const EnvironmentOverride override(variable, folder.path());
+    NamedMutex mutex(name_);
+    room->visitOften(mutex);
+  };
+  const pid_t first = startProcess([&] { work("XDG_RUNTIME_DIR"); });
+  const pid_t second = startProcess([&] { work("TMPDIR"); });
+  EXPECT_EQ(waitpid(first, nullptr, 0), first);
+  EXPECT_EQ(waitpid(second, nullptr, 0), second);
+  EXPECT_EQ(room->meetings, 0);
+  EXPECT_EQ(room->visits, 2 * kTurns);
+}
+
 TEST_F(NamedMutexTest, IsFreeAgainWhenItsOwnerDied) {
   const Shared<std::atomic<bool>> locked;
   const pid_t owner = startProcess([&] {
-    NamedMutex mutex(kName);
+    NamedMutex mutex(name_);
     mutex.lock();
     locked->store(true);
     while (true) pause();
@@ -143,14 +163,14 @@ TEST_F(NamedMutexTest, IsFreeAgainWhenItsOwnerDied) {
   EXPECT_TRUE(isHeld());
   kill(owner, SIGKILL);
   ASSERT_EQ(waitpid(owner, nullptr, 0), owner);
-  NamedMutex mutex(kName);
+  NamedMutex mutex(name_);
   mutex.lock();
   EXPECT_TRUE(isHeld());
   mutex.unlock();
 }
 
 TEST_F(NamedMutexTest, FollowsItsLockFileWhenThatWasSweptAway) {
-  NamedMutex mutex(kName);
+  NamedMutex mutex(name_);
   mutex.lock();
   mutex.unlock();
   std::filesystem::remove(lockFile());
@@ -160,17 +180,17 @@ TEST_F(NamedMutexTest, FollowsItsLockFileWhenThatWasSweptAway) {
 }
 
 TEST_F(NamedMutexTest, ADifferentNameIsADifferentMutex) {
-  NamedMutex mutex(kName);
-  NamedMutex other("OTHERMUTEX");
+  NamedMutex mutex(name_);
+  NamedMutex other(name_ + "OTHER");
   const std::lock_guard lock(mutex);
   const std::lock_guard otherLock(other);
-  const auto files = std::filesystem::directory_iterator(scratch_.path());
-  EXPECT_EQ(std::distance(begin(files), end(files)), 2);
+  EXPECT_TRUE(std::filesystem::exists(lockFile()));
+  EXPECT_TRUE(std::filesystem::exists(lockFilePath(name_ + "OTHER")));
 }
 
 TEST_F(NamedMutexTest, KeepsThreadsApartWhereTheSystemRefusesALockFile) {
-  const EnvironmentOverride runtime("XDG_RUNTIME_DIR", scratch_.path("missing"));
-  NamedMutex mutex(kName);
+  std::filesystem::create_directory(lockFile());
+  NamedMutex mutex(name_);
   Room room;
   std::thread other([&] { room.visitOften(mutex); });
   room.visitOften(mutex);
@@ -181,14 +201,14 @@ TEST_F(NamedMutexTest, KeepsThreadsApartWhereTheSystemRefusesALockFile) {
 
 TEST_F(NamedMutexTest, DoesNotFollowALinkThatSomebodyLaidInItsPlace) {
   {
-    NamedMutex mutex(kName);
+    NamedMutex mutex(name_);
     const std::lock_guard lock(mutex);
   }
   const std::string path = lockFile();
   std::filesystem::remove(path);
   const ScratchFolder target;
   std::filesystem::create_symlink(target.path("made-by-following"), path);
-  NamedMutex mutex(kName);
+  NamedMutex mutex(name_);
   const std::lock_guard lock(mutex);
   EXPECT_TRUE(std::filesystem::is_empty(target.path()));
 }
