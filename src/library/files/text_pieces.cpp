@@ -35,4 +35,6 @@ std::string replaceAll(std::string_view text, std::string_view from, std::string
   return result;
 }
 
+std::string intToString(int32_t value) { return std::to_string(value); }
+
 }  // namespace quiltor

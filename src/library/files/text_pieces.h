@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,5 +20,8 @@ std::string toLowerCopy(std::string_view text);
 // A copy with every occurrence of from replaced by to, left to right; what was put in is not searched again. An empty
 // from occurs nowhere.
 std::string replaceAll(std::string_view text, std::string_view from, std::string_view to);
+
+// Decimal, without padding.
+std::string intToString(int32_t value);
 
 }  // namespace quiltor

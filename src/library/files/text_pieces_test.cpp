@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace quiltor {
 namespace {
 
@@ -46,6 +48,13 @@ TEST(ReplaceAll, ReplacesEveryOccurrence) {
 TEST(ReplaceAll, DoesNotSearchWhatItPutIn) { EXPECT_EQ(replaceAll("aXa", "a", "aa"), "aaXaa"); }
 
 TEST(ReplaceAll, AnEmptyTextToReplaceOccursNowhere) { EXPECT_EQ(replaceAll("text", "", "x"), "text"); }
+
+TEST(IntToString, IsPlainDecimal) {
+  EXPECT_EQ(intToString(0), "0");
+  EXPECT_EQ(intToString(7), "7");
+  EXPECT_EQ(intToString(-31), "-31");
+  EXPECT_EQ(intToString(std::numeric_limits<int32_t>::min()), "-2147483648");
+}
 
 }  // namespace
 }  // namespace quiltor

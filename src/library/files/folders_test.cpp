@@ -1,0 +1,83 @@
+#include "library/files/folders.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "platform/scratch_folder.h"
+
+namespace quiltor {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Relative paths start in the scratch folder.
+class Folders : public testing::Test {
+ protected:
+  Folders() { fs::current_path(scratch_.path()); }
+  ~Folders() override { fs::current_path(before_); }
+
+  const fs::path before_ = fs::current_path();
+  ScratchFolder scratch_;
+};
+
+TEST_F(Folders, OneThatExistsIsMadeAlready) { EXPECT_TRUE(createFolderChain(scratch_.path())); }
+
+TEST_F(Folders, CannotBeMadeWhereAFileHasTheName) {
+  std::ofstream("file") << "x";
+  EXPECT_FALSE(createFolderChain("file"));
+  EXPECT_FALSE(createFolderChain("file/below"));
+  EXPECT_TRUE(fs::is_regular_file("file"));
+}
+
+TEST_F(Folders, ThreeLevelsAreMadeFromTheTopDown) {
+  EXPECT_TRUE(createFolderChain("one/two\\three"));
+  EXPECT_TRUE(fs::is_directory("one/two/three"));
+}
+
+TEST_F(Folders, ATrailingSeparatorMakesTheFolderAndCountsOnceItIsThere) {
+  EXPECT_FALSE(createFolderChain("one/two/"));
+  EXPECT_TRUE(fs::is_directory("one/two"));
+  EXPECT_TRUE(createFolderChain("one/two/"));
+}
+
+TEST_F(Folders, ANameWithoutSeparatorWhoseParentIsMissingIsNotMade) {
+  const ScratchFolder leaving;
+  fs::create_directory(leaving.path("gone"));
+  fs::current_path(leaving.path("gone"));
+  fs::remove(leaving.path("gone"));
+  EXPECT_FALSE(createFolderChain("new"));
+  EXPECT_FALSE(fs::exists(leaving.path("gone")));
+  EXPECT_FALSE(createFolderChain(""));
+}
+
+TEST_F(Folders, StopBelowOneThatCannotBeMade) {
+  fs::create_symlink("nowhere/at/all", "dangling");
+  EXPECT_FALSE(createFolderChain("dangling/one/two"));
+}
+
+TEST_F(Folders, AreToldFromFilesAndFromNothing) {
+  std::ofstream("file") << "x";
+  EXPECT_TRUE(isFolder(scratch_.path()));
+  EXPECT_FALSE(isFolder("file"));
+  EXPECT_FALSE(isFolder("missing"));
+  EXPECT_FALSE(isFolder(""));
+}
+
+TEST_F(Folders, AreKnownWithSeparatorsAtTheEnd) {
+  EXPECT_TRUE(isFolder(scratch_.path() + "/"));
+  EXPECT_TRUE(isFolder(scratch_.path() + "\\/\\"));
+  EXPECT_TRUE(isFolder("/"));
+  std::ofstream("file") << "x";
+  EXPECT_FALSE(isFolder("file\\"));
+}
+
+TEST_F(Folders, ADrivesNameMeansItsRoot) {
+  fs::create_directory("Z:");
+  EXPECT_TRUE(isFolder("Z:"));
+  EXPECT_FALSE(isFolder("Y:"));
+}
+
+}  // namespace
+}  // namespace quiltor
