@@ -101,12 +101,13 @@ class LayerPixels {
   LayerPixels(const LayerPixels&) = delete;
   LayerPixels& operator=(const LayerPixels&) = delete;
 
-  // Null when the host says that there is no layer: by an error, by no world or by a world without pixels.
-  const PF_EffectWorld* checkOut(A_long id) {
-    PF_EffectWorld* world = nullptr;
-    if (callbacks_.checkout_layer_pixels(in_.effect_ref, id, &world) != PF_Err_NONE) return nullptr;
+  // The world stays null when there is no layer or when it has no pixels.
+  HostErr checkOut(A_long id, const PF_EffectWorld*& world) {
+    PF_EffectWorld* pixels = nullptr;
+    if (const HostErr code = callbacks_.checkout_layer_pixels(in_.effect_ref, id, &pixels)) return code;
     ids_.push_back(id);
-    return world && hasPixels(*world) ? world : nullptr;
+    if (pixels && hasPixels(*pixels)) world = pixels;
+    return PF_Err_NONE;
   }
 
  private:
@@ -157,14 +158,16 @@ HostErr smartRender(PF_InData& in, PF_OutData&, PF_SmartRenderExtra& extra) {
   block.special = data.special;
   LayerPixels layers(in, *extra.cb);
   static const PF_EffectWorld kNoPixels{};
-  const PF_EffectWorld* input = layers.checkOut(0);
-  if (!input) input = &kNoPixels;
+  const PF_EffectWorld* input = &kNoPixels;
+  if (const HostErr code = layers.checkOut(0, input)) return code;
   std::vector<const PF_EffectWorld*> worlds{input};
   for (int32_t i = 1; i < description.paramCount; ++i) {
     const ParamRecord& record = description.params[static_cast<size_t>(i)];
     if (record.kind == ParamKind::Layer) {
-      const PF_EffectWorld* layer = layers.checkOut(i);
-      worlds.push_back(layer ? layer : input);
+      // An error is one of the host's ways to say that no layer was chosen, which means the input layer.
+      const PF_EffectWorld* layer = input;
+      layers.checkOut(i, layer);
+      worlds.push_back(layer);
     } else {
       block.slots[static_cast<size_t>(i)] = slotOf(record, data.param(i));
     }

@@ -32,6 +32,7 @@ TEST(AboutText, LeavesOtherBackslashesAlone) {
 
 TEST(AboutText, IsCutAt230Characters) {
   DescriptionSettings settings;
+  settings.description.clear();
   const std::string start = aboutText(settings).substr(0, aboutText(settings).find("\rv"));
   settings.description = std::string(230 - start.size() - 1, 'x') + "yz";
   const std::string text = aboutText(settings);
