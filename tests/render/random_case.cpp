@@ -21,7 +21,8 @@ class Dice {
   explicit Dice(uint32_t number) : state_(0x9E3779B97F4A7C15u * (number + 1)) {}
 
   int whole(int least, int most) {
-    return least + static_cast<int>(next() % static_cast<uint64_t>(static_cast<int64_t>(most) - least + 1));
+    const uint64_t values = static_cast<uint64_t>(int64_t{most} - least + 1);
+    return static_cast<int>(least + static_cast<int64_t>(next() % values));
   }
   double real(double least, double most) {
     return least + (most - least) * static_cast<double>(next() >> 11) * 0x1p-53;
