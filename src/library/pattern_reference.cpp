@@ -9,27 +9,12 @@
 #include "host/render_mutex.h"
 #include "host/suite_handler.h"
 #include "library/files/text_pieces.h"
+#include "library/pattern_search.h"
 
 namespace quiltor {
 namespace {
 
 constexpr uint8_t kWhite = 255;
-
-struct Reference {
-  std::string path;
-  std::string label;
-  std::string name;
-};
-
-Reference splitReference(const std::string& reference) {
-  std::vector<std::string> fields;
-  // Missing fields read as empty.
-  splitAtStars(reference + "*****", fields);
-  return {fields[0], fields[1], fields[2]};
-}
-
-// Where the reference's picture is.
-std::string resolvePath(const Reference& reference) { return reference.path; }
 
 // The text behind the last dot, in lower case; the whole path when there is none.
 std::string extensionOf(const std::string& path) {
@@ -99,7 +84,7 @@ std::vector<uint8_t> makePreview(const PatternImage& image) {
 }  // namespace
 
 void loadPatternReference(SequenceData& instance, std::string& reference, const PF_InData& in, Redraw redraw) {
-  reference = resolvePath(splitReference(reference));
+  reference = findPattern(reference);
   PatternImage image = loadPicture(reference);
   std::vector<uint8_t> preview = makePreview(image);
   {

@@ -1,10 +1,14 @@
 #include "library/pattern_reference.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -16,6 +20,7 @@
 #include "host/host_error.h"
 #include "host/render_mutex.h"
 #include "hostapi/suites_pf.h"
+#include "library/data_folders.h"
 #include "platform/scratch_folder.h"
 
 namespace quiltor {
@@ -105,6 +110,14 @@ TEST_F(PatternReference, APathWithoutLabelAndNameIsEnough) {
   const std::string path = scratch_.path("pattern.png");
   writeRgb(path);
   EXPECT_EQ(load(path), path);
+  EXPECT_THAT(image_.pixels, ElementsAre(10, 20, 30, 255));
+}
+
+TEST_F(PatternReference, APatternThatMovedWithItsLibraryIsLoadedFromThereAndLeavesThatPath) {
+  const DataFolders data;
+  writeRgb(data.path("moved.png"));
+  writeText(data.all("libpaths.txt"), "Label*Name*" + data.path("") + "\r\n");
+  EXPECT_EQ(load(referenceTo(scratch_.path("moved.png"))), data.path("") + "/moved.png");
   EXPECT_THAT(image_.pixels, ElementsAre(10, 20, 30, 255));
 }
 
@@ -260,14 +273,22 @@ TEST_F(PatternReference, WithoutTheHostsSuiteThePictureIsLoadedAndTheErrorThrown
 TEST_F(PatternReference, ReadsTheFileBeforeItWaitsForARender) {
   const std::string path = scratch_.path("pipe.png");
   ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  const int pipe = open(path.c_str(), O_RDWR | O_CLOEXEC);
+  ASSERT_GE(pipe, 0);
+  ASSERT_EQ(write(pipe, "not a picture", 13), 13);
   std::thread loading;
+  int unread = 13;
   {
     const std::lock_guard lock(renderMutex());
     loading = std::thread([&] { load(path); });
-    // Opening the other end of a pipe waits for its reader.
-    std::ofstream(path) << "not a picture";
+    for (int turn = 0; turn < 5000 && unread > 0; ++turn) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+      ASSERT_EQ(ioctl(pipe, FIONREAD, &unread), 0);
+    }
   }
   loading.join();
+  close(pipe);
+  EXPECT_EQ(unread, 0);
   EXPECT_EQ(image_.channels, 0);
 }
 
