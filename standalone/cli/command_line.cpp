@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <exception>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,13 @@ std::pair<double, double> requireScale(const std::string& option, const std::str
   return requirePair(option, text, "percent, such as 50 or 50,80");
 }
 
+WorldFormat requireDepth(const std::string& text) {
+  if (text == "8") return WorldFormat::Argb8;
+  if (text == "16") return WorldFormat::Argb16;
+  if (text == "float") return WorldFormat::ArgbFloat;
+  throw UsageError("--depth: \"" + text + "\": expected 8, 16 or float");
+}
+
 void addTransformOptions(CLI::App& command, RenderOptions& render) {
   const auto callback = [&command](const char* name, const char* type, const char* text, auto store) {
     command.add_option_function<std::string>(name, store, text)->type_name(type)->group("The layer in its composition");
@@ -80,15 +88,9 @@ CLI::App* addRender(CLI::App& app, RenderOptions& render, SessionOptions& sessio
       ->allow_extra_args(false);
   command
       ->add_option_function<std::string>(
-          "--depth",
-          [&render](const std::string& depth) {
-            render.format = depth == "8"    ? WorldFormat::Argb8
-                            : depth == "16" ? WorldFormat::Argb16
-                                            : WorldFormat::ArgbFloat;
-          },
+          "--depth", [&render](const std::string& depth) { render.format = requireDepth(depth); },
           "Bits per channel while rendering: 8 (standard), 16 or float")
-      ->type_name("8|16|float")
-      ->check(CLI::IsMember({"8", "16", "float"}).name(""));
+      ->type_name("8|16|float");
   command->add_option("--downsample", render.downsample, "Render at 1/N of the resolution")
       ->type_name("N")
       ->check(CLI::Range(1, 64).name(""));
@@ -119,6 +121,8 @@ std::string describeUnknown(const CLI::App& app) {
   }
   const std::vector<std::string> extra = app.remaining(true);
   const std::string typed = extra.empty() ? "" : extra.front();
+  if (!chosen.empty() && typed.find('-') != 0)
+    return "\"" + typed + "\": one argument too many; --help tells what is expected";
   const std::string near = suggestion(typed, known);
   return "\"" + typed + "\": no such " + (chosen.empty() ? "command" : "option") +
          (near.empty() ? "; --help lists them" : near);
@@ -171,6 +175,9 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
   } catch (const UsageError& error) {
     err << "quiltor: " << error.what() << '\n';
     return kWrongUse;
+  } catch (const std::bad_alloc&) {
+    err << "quiltor: not enough memory for a picture of this size\n";
+    return kFailure;
   } catch (const std::exception& error) {
     err << "quiltor: " << error.what() << '\n';
     return kFailure;

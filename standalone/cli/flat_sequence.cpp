@@ -53,6 +53,10 @@ std::string patternSelection(std::string_view path) {
   if (path.find('*') != std::string_view::npos) {
     throw CommandFailure(std::string(path) + ": a pattern's path is saved between stars; expected one without a star");
   }
+  if (path.find('\\') != std::string_view::npos) {
+    throw CommandFailure(std::string(path) +
+                         ": the effect takes a backslash for a separator; expected a path without one");
+  }
   // Between and after the stars stand the library's label and name, both empty.
   return std::string(path) + "*****" + "*****";
 }
