@@ -4,6 +4,7 @@
 #include "hostapi/effect.h"
 #include "hostapi/params.h"
 #include "hostapi/pixels.h"
+#include "hostapi/selector_names.h"
 #include "hostapi/smart_render.h"
 #include "hostapi/suites_aegp.h"
 #include "hostapi/suites_pf.h"

@@ -164,9 +164,10 @@ HostErr smartRender(PF_InData& in, PF_OutData&, PF_SmartRenderExtra& extra) {
   for (int32_t i = 1; i < description.paramCount; ++i) {
     const ParamRecord& record = description.params[static_cast<size_t>(i)];
     if (record.kind == ParamKind::Layer) {
-      // An error is one of the host's ways to say that no layer was chosen, which means the input layer.
+      // An error is one of the host's ways to say that no layer was chosen, which means the input layer; that the user
+      // wants the frame no more is none.
       const PF_EffectWorld* layer = input;
-      layers.checkOut(i, layer);
+      if (layers.checkOut(i, layer) == PF_Interrupt_CANCEL) return PF_Interrupt_CANCEL;
       worlds.push_back(layer);
     } else {
       block.slots[static_cast<size_t>(i)] = slotOf(record, data.param(i));

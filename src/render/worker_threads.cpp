@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <system_error>
 #include <thread>
 
 namespace quiltor {
@@ -26,8 +25,8 @@ void runOnWorkers(int32_t rows, const std::function<void(int32_t first, int32_t 
   for (int worker = 0; worker < kWorkers; ++worker) {
     try {
       threads[static_cast<size_t>(worker)] = std::thread(run, worker);
-    } catch (const std::system_error&) {
-      run(worker);  // a system out of threads still gets its picture
+    } catch (...) {
+      run(worker);  // a system out of threads or memory still gets its picture
     }
   }
   for (std::thread& thread : threads) {

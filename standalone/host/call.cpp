@@ -1,8 +1,9 @@
 #include "standalone/host/call.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
+
+#include "hostapi/selector_names.h"
 
 namespace quiltor::standalone {
 
@@ -11,40 +12,9 @@ std::string CallResult::message() const {
 }
 
 std::string selectorName(A_long selector) {
-  static constexpr std::array kNames = {
-      "PF_Cmd_ABOUT",
-      "PF_Cmd_GLOBAL_SETUP",
-      "PF_Cmd_UNUSED_0",
-      "PF_Cmd_GLOBAL_SETDOWN",
-      "PF_Cmd_PARAMS_SETUP",
-      "PF_Cmd_SEQUENCE_SETUP",
-      "PF_Cmd_SEQUENCE_RESETUP",
-      "PF_Cmd_SEQUENCE_FLATTEN",
-      "PF_Cmd_SEQUENCE_SETDOWN",
-      "PF_Cmd_DO_DIALOG",
-      "PF_Cmd_FRAME_SETUP",
-      "PF_Cmd_RENDER",
-      "PF_Cmd_FRAME_SETDOWN",
-      "PF_Cmd_USER_CHANGED_PARAM",
-      "PF_Cmd_UPDATE_PARAMS_UI",
-      "PF_Cmd_EVENT",
-      "PF_Cmd_GET_EXTERNAL_DEPENDENCIES",
-      "PF_Cmd_COMPLETELY_GENERAL",
-      "PF_Cmd_QUERY_DYNAMIC_FLAGS",
-      "PF_Cmd_AUDIO_RENDER",
-      "PF_Cmd_AUDIO_SETUP",
-      "PF_Cmd_AUDIO_SETDOWN",
-      "PF_Cmd_ARBITRARY_CALLBACK",
-      "PF_Cmd_SMART_PRE_RENDER",
-      "PF_Cmd_SMART_RENDER",
-      "PF_Cmd_RESERVED1",
-      "PF_Cmd_RESERVED2",
-      "PF_Cmd_RESERVED3",
-      "PF_Cmd_GET_FLATTENED_SEQUENCE_DATA",
-  };
-  static_assert(kNames.size() == PF_Cmd_GET_FLATTENED_SEQUENCE_DATA + 1);
-  if (selector < 0 || selector >= static_cast<A_long>(kNames.size())) return "selector " + std::to_string(selector);
-  return kNames[static_cast<std::size_t>(selector)];
+  static_assert(kSelectorNameCount == PF_Cmd_GET_FLATTENED_SEQUENCE_DATA + 1);
+  if (selector < 0 || selector >= kSelectorNameCount) return "selector " + std::to_string(selector);
+  return kSelectorNames[selector];
 }
 
 }  // namespace quiltor::standalone

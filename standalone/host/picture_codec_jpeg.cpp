@@ -30,13 +30,22 @@ void failOnWarning(j_common_ptr reader, int level) {
   if (level < 0) fail(reader);
 }
 
+// Files with the marker keep inks the other way round: 255 is none.
+unsigned char inkAsLight(int ink, int black, bool inverted) {
+  if (!inverted) {
+    ink = 255 - ink;
+    black = 255 - black;
+  }
+  return static_cast<unsigned char>((ink * black + 127) / 255);
+}
+
 bool start(JpegJob& job, const std::vector<unsigned char>& bytes) {
   if (setjmp(job.jump)) return false;
   jpeg_create_decompress(&job.reader);
   job.reader.client_data = &job;
   jpeg_mem_src(&job.reader, bytes.data(), bytes.size());
   jpeg_read_header(&job.reader, TRUE);
-  job.reader.out_color_space = JCS_RGB;
+  job.reader.out_color_space = job.reader.num_components == 4 ? JCS_CMYK : JCS_RGB;
   jpeg_start_decompress(&job.reader);
   return true;
 }
@@ -46,10 +55,12 @@ bool readRows(JpegJob& job, unsigned char* rgba, unsigned char* row) {
   while (job.reader.output_scanline < job.reader.output_height) {
     unsigned char* pixel = rgba + std::size_t(job.reader.output_scanline) * job.reader.output_width * 4;
     jpeg_read_scanlines(&job.reader, &row, 1);
+    const int components = job.reader.output_components;
     for (JDIMENSION x = 0; x < job.reader.output_width; ++x, pixel += 4) {
-      pixel[0] = row[3 * x];
-      pixel[1] = row[3 * x + 1];
-      pixel[2] = row[3 * x + 2];
+      for (int c = 0; c < 3; ++c) {
+        const unsigned char* inks = row + std::size_t(components) * x;
+        pixel[c] = components == 4 ? inkAsLight(inks[c], inks[3], job.reader.saw_Adobe_marker) : inks[c];
+      }
       pixel[3] = 255;
     }
   }
@@ -70,7 +81,8 @@ std::string decodeJpeg(const std::vector<unsigned char>& bytes, DecodedPicture& 
     picture.width = static_cast<int>(job.reader.output_width);
     picture.height = static_cast<int>(job.reader.output_height);
     picture.bytesPerSample = 1;
-    std::vector<unsigned char> row(std::size_t(job.reader.output_width) * 3);
+    std::vector<unsigned char> row(std::size_t(job.reader.output_width) *
+                                   static_cast<std::size_t>(job.reader.output_components));
     whole = makeRoom(picture);
     if (!whole) std::strcpy(job.problem, kTooLarge);
     whole = whole && readRows(job, picture.samples.data(), row.data());

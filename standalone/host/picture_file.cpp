@@ -22,6 +22,9 @@ std::vector<unsigned char> readWhole(const std::filesystem::path& path) {
   if (std::filesystem::is_directory(path, error)) {
     throw PictureError("cannot read " + path.string() + ": it is a folder, expected a PNG or JPEG picture");
   }
+  if (std::filesystem::exists(path, error) && !std::filesystem::is_regular_file(path, error)) {
+    throw PictureError("cannot read " + path.string() + ": it is no file, expected a PNG or JPEG picture");
+  }
   std::ifstream file(path, std::ios::binary);
   if (!file) throw PictureError("cannot read " + path.string() + ": no such file or no permission");
   std::vector<unsigned char> bytes{std::istreambuf_iterator<char>(file), {}};
