@@ -173,7 +173,7 @@ inline Bytes patternBytes(const TestPattern& pattern) {
 }
 
 struct TestPatternFile {
-  std::vector<TestPattern> patterns;
+  std::vector<TestPattern> patterns = {};
   std::string signature = "8BPT";
   uint16_t version = 1;
   std::optional<uint32_t> count = {};
