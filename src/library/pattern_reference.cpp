@@ -1,6 +1,5 @@
 #include "library/pattern_reference.h"
 
-#include <array>
 #include <mutex>
 #include <utility>
 #include <vector>
@@ -8,11 +7,14 @@
 #include "formats/image_file.h"
 #include "host/render_mutex.h"
 #include "host/suite_handler.h"
+#include "library/fifty_steps.h"
 #include "library/files/text_pieces.h"
 #include "library/pattern_search.h"
 
 namespace quiltor {
 namespace {
+
+static_assert(kPreviewSize == kThumbnailSize);
 
 constexpr uint8_t kWhite = 255;
 
@@ -48,25 +50,14 @@ PatternImage loadPicture(const std::string& path) {
   return image;
 }
 
-// The source rows or columns under the preview's, which takes every fiftieth part of the way.
-std::array<int64_t, kPreviewSize> previewSteps(int32_t size) {
-  std::array<int64_t, kPreviewSize> steps;
-  float position = 0;
-  for (int64_t& step : steps) {
-    step = static_cast<int64_t>(position);
-    position = static_cast<float>(position + size * 0.02);
-  }
-  return steps;
-}
-
 std::vector<uint8_t> makePreview(const PatternImage& image) {
   std::vector<uint8_t> preview(kPreviewBytes, kWhite);
-  if (image.channels == 0) return preview;
+  if (!isWhole(image)) return preview;
   const auto& bytes = image.pixels;
-  // A load that failed half-way has fewer bytes than its size says; what is missing is white.
+  // Behind the last pixel of three channels there is no other.
   const auto byteAt = [&](size_t at) { return at < bytes.size() ? bytes[at] : kWhite; };
-  const auto rows = previewSteps(image.height);
-  const auto columns = previewSteps(image.width);
+  const auto rows = fiftySteps(image.height);
+  const auto columns = fiftySteps(image.width);
   auto pixel = preview.begin();
   for (const int64_t row : rows) {
     for (const int64_t column : columns) {

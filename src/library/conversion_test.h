@@ -1,0 +1,92 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "formats/test_pattern_file.h"
+#include "formats/test_pattern_reading.h"
+#include "formats/test_pictures.h"
+#include "library/data_folders.h"
+#include "library/files/read_text.h"
+#include "library/library_conversion.h"
+
+namespace quiltor {
+
+// For tests: a library of one folder for pictures and pattern files, and what its conversion makes.
+class ConversionTest : public testing::Test {
+ protected:
+  ConversionTest() {
+    std::filesystem::create_directories(library());
+    writeText(data_.user("log.txt"), "");
+  }
+
+  std::string library() const { return data_.path("library"); }
+  std::string library(const std::string& name) const { return library() + "/" + name; }
+  std::string converted(const std::string& name) const { return data_.all("PS Patterns/" + name); }
+
+  void writePatterns(const std::string& path, const TestPatternFile& file) { writeBytes(path, file.bytes()); }
+  // So many patterns of two grey pixels, which tell the place in the file.
+  void writeGreyPatterns(const std::string& path, size_t count) {
+    TestPatternFile file;
+    for (size_t i = 0; i < count; ++i) {
+      file.patterns.push_back(greyPattern());
+      file.patterns.back().planes[0].samples = {static_cast<uint8_t>(i), 255};
+    }
+    writePatterns(path, file);
+  }
+
+  void convert() { convert({library()}, {library()}); }
+  void convert(const std::vector<std::string>& images, const std::vector<std::string>& patterns) {
+    const CapturedOutput names(data_.path("names"));
+    convertLibraryFiles(images, patterns);
+  }
+
+  std::vector<std::string> log() const {
+    std::vector<std::string> lines;
+    readTextLines(data_.user("log.txt"), lines);
+    return lines;
+  }
+
+  // All files below the folder of the converted patterns or that of the thumbnails, with their contents.
+  std::map<std::string, Bytes> results() const {
+    std::map<std::string, Bytes> files;
+    for (const char* folder : {"PS Patterns", ".cache"}) {
+      if (!std::filesystem::is_directory(data_.all(folder))) continue;
+      for (const auto& entry : std::filesystem::recursive_directory_iterator(data_.all(folder))) {
+        if (!entry.is_regular_file()) continue;
+        files[entry.path().lexically_relative(data_.all(".")).string()] = readBytes(entry.path().string());
+      }
+    }
+    return files;
+  }
+  std::vector<std::string> resultNames() const {
+    std::vector<std::string> names;
+    for (const auto& [name, bytes] : results()) names.push_back(name);
+    return names;
+  }
+
+  // Runs the work in a process of its own, with as little right as anyone's.
+  template <class Work>
+  void inProcessOfAnyone(Work work) {
+    const pid_t child = fork();
+    if (child == 0) {
+      const bool ordinary = geteuid() != 0 || (setgid(65534) == 0 && setuid(65534) == 0);
+      if (ordinary) work();
+      _exit(ordinary ? 0 : 1);
+    }
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_EQ(status, 0);
+  }
+
+  DataFolders data_;
+};
+
+}  // namespace quiltor
