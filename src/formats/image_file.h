@@ -11,8 +11,8 @@ namespace quiltor {
 // logged. No shared state: calls may run in parallel on different records.
 //
 // The loaders empty the record before they open the file. A failure after the header leaves width, height and channels
-// set with an array that is shorter than they say, even empty: whoever samples a picture compares with the array's
-// size.
+// set with an array that is shorter than they say, even empty: whoever samples a picture asks isWhole() first. A
+// picture whose pixels would take more than kMostPixelBytes is a failed load.
 
 // -1 when the file cannot be opened and for any error of the decoder. The array holds the decoder's own colour space:
 // RGB, CMYK as four channels, or grey (see PatternImage). A file that ends too early is no error to the decoder: what

@@ -7,6 +7,7 @@
 #include "base/checked_size.h"
 #include "base/scope_guard.h"
 #include "formats/image_file.h"
+#include "formats/picture_limit.h"
 #include "platform/file.h"
 
 namespace quiltor {
@@ -69,7 +70,7 @@ int32_t decode(std::FILE* file, PatternImage& image) {
   image.channels = static_cast<uint8_t>(components);
   const int bytesPerPixel = std::max(3, components);
   const auto size = checkedProduct({image.height, image.width, bytesPerPixel});
-  if (!size) return kFailed;
+  if (!size || *size > kMostPixelBytes) return kFailed;
   image.pixels.resize(static_cast<size_t>(*size));
   std::vector<uint8_t> greyRow(grey ? decoder.info.output_width : 0);
   // Deliberate: two components are packed at two bytes a pixel into an array with room for three.

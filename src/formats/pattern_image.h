@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <vector>
 
+#include "base/checked_size.h"
+
 namespace quiltor {
 
 // An 8-bit picture in memory: rows top to bottom, channels interleaved as R, G, B[, A], no padding between rows.
@@ -14,5 +16,12 @@ struct PatternImage {
   uint8_t channels = 0;
   std::vector<uint8_t> pixels;
 };
+
+// Whether the array holds as many bytes as the picture's size says. A load that failed half-way leaves one that does
+// not, which counts as no picture.
+inline bool isWhole(const PatternImage& image) {
+  const auto size = checkedProduct({image.width, image.height, image.channels});
+  return size && *size > 0 && *size <= static_cast<int64_t>(image.pixels.size());
+}
 
 }  // namespace quiltor

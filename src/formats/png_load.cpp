@@ -5,6 +5,7 @@
 #include "base/checked_size.h"
 #include "base/scope_guard.h"
 #include "formats/image_file.h"
+#include "formats/picture_limit.h"
 #include "platform/file.h"
 
 namespace quiltor {
@@ -79,7 +80,7 @@ Outcome decode(const Decoder& decoder, std::FILE* file, PatternImage& image) {
   const size_t rowBytes = png_get_rowbytes(decoder.png, decoder.info);
   const auto height = static_cast<size_t>(image.height);
   const auto size = checkedProduct({static_cast<int64_t>(rowBytes), image.height});
-  if (!size) return Outcome::TooLarge;
+  if (!size || *size > kMostPixelBytes) return Outcome::TooLarge;
   std::vector<uint8_t> pixels(static_cast<size_t>(*size));
   std::vector<png_bytep> rows(height);
   for (size_t y = 0; y < height; ++y) rows[y] = pixels.data() + y * rowBytes;

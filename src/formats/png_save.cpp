@@ -34,11 +34,6 @@ bool isEmpty(const PatternImage& image) {
   return static_cast<uint32_t>(image.width) * static_cast<uint32_t>(image.height) * image.channels == 0;
 }
 
-bool isWhole(const PatternImage& image) {
-  const auto size = checkedProduct({image.width, image.height, image.channels});
-  return size && *size <= static_cast<int64_t>(image.pixels.size());
-}
-
 // The rows as the file holds them. They are stepped by the record's channels: with one or two channels a row of four
 // reaches into the next ones, and the last rows past the end of the array, where zeros stand in.
 class Rows {
