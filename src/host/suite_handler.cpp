@@ -12,6 +12,11 @@ const std::array<SuiteHandler::SuiteId, SuiteHandler::kSlots> SuiteHandler::kSui
     {kAEGPUtilitySuite, kAEGPUtilitySuiteVersion7},
     {kAEGPPFInterfaceSuite, kAEGPPFInterfaceSuiteVersion1},
     {kAEGPStreamSuite, kAEGPStreamSuiteVersion7},
+    {kAEGPStreamSuite, kAEGPStreamSuiteVersion9},
+    {kAEGPLayerMaskSuite, kAEGPLayerMaskSuiteVersion6},
+    {kPFPathQuerySuite, kPFPathQuerySuiteVersion1},
+    {kPFPathDataSuite, kPFPathDataSuiteVersion1},
+    {kPFFillMatteSuite, kPFFillMatteSuiteVersion2},
 }};
 
 SuiteHandler::~SuiteHandler() {

@@ -24,9 +24,28 @@ class SuiteHandler {
   const AEGP_UtilitySuite3& utility() { return table<AEGP_UtilitySuite3>(Slot::Utility); }
   const AEGP_PFInterfaceSuite1& pfInterface() { return table<AEGP_PFInterfaceSuite1>(Slot::PFInterface); }
   const AEGP_StreamSuite2& streams() { return table<AEGP_StreamSuite2>(Slot::Stream); }
+  const AEGP_StreamSuite4& maskStreams() { return table<AEGP_StreamSuite4>(Slot::MaskStream); }
+  const AEGP_MaskSuite5& layerMasks() { return table<AEGP_MaskSuite5>(Slot::LayerMask); }
+  const PF_PathQuerySuite1& pathQuery() { return table<PF_PathQuerySuite1>(Slot::PathQuery); }
+  const PF_PathDataSuite1& pathData() { return table<PF_PathDataSuite1>(Slot::PathData); }
+  const PF_FillMatteSuite2& fillMatte() { return table<PF_FillMatteSuite2>(Slot::FillMatte); }
 
  private:
-  enum class Slot { Handle, Ansi, Iterate8, AdvApp, Utility, PFInterface, Stream, Count };
+  enum class Slot {
+    Handle,
+    Ansi,
+    Iterate8,
+    AdvApp,
+    Utility,
+    PFInterface,
+    Stream,
+    MaskStream,
+    LayerMask,
+    PathQuery,
+    PathData,
+    FillMatte,
+    Count
+  };
 
   struct SuiteId {
     const char* name;

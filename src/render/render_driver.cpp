@@ -4,6 +4,7 @@
 #include <deque>
 #include <mutex>
 
+#include "description/language/param_index.h"
 #include "host/global_data.h"
 #include "host/handle_guards.h"
 #include "host/render_mutex.h"
@@ -11,6 +12,7 @@
 #include "host/suite_handler.h"
 #include "render/host_buffer.h"
 #include "render/layer_transform.h"
+#include "render/mask_matte.h"
 #include "render/render_frame.h"
 #include "render/world_access.h"
 
@@ -128,20 +130,27 @@ void drawFrame(RenderBlock& block, const LayerTransformReading& layer, const Pat
   if (renderFrame) renderFrame(block, frame, transform);
 }
 
+// Masks count from 1, the slot from 0; what is not a number means no mask.
+int32_t maskNumber(const RenderBlock& block) {
+  const float slot = block.slot(Param::mask).scalar();
+  return slot >= 0 && slot < 0x1p30f ? static_cast<int32_t>(slot) + 1 : 0;
+}
+
 }  // namespace
 
-HostErr renderEffect(const PF_InData& in, RenderBlock& block, std::span<const PF_EffectWorld* const> worlds,
-                     PF_EffectWorld& output) {
+HostErr renderEffect(const PF_InData& in, PF_OutData& out, RenderBlock& block,
+                     std::span<const PF_EffectWorld* const> worlds, PF_EffectWorld& output) {
   SuiteHandler suites(in.pica_basicP);
   const PF_HandleSuite1& handles = suites.handles();
   const HandleLock global(handles, in.global_data);
   const HandleLock sequence(handles, in.sequence_data);
   if (!global || !sequence) return PF_Err_NONE;
 
-  // The layer is asked before the render waits for its turn: these calls may need the host's main thread, and that may
-  // itself be waiting for the render mutex.
+  // The layer and its mask are asked before the render waits for its turn: these calls may need the host's main thread,
+  // and that may itself be waiting for the render mutex.
   const AEGP_PluginID pluginId = static_cast<AEGP_PluginID>(global.as<GlobalData>()->pluginId);
   const LayerTransformReading layer = readLayerTransform(suites, in, pluginId);
+  MaskMatte mask(suites, in, pluginId, maskNumber(block));
 
   const std::lock_guard turn(renderMutex());
   const ScopedSuite<PF_PixelFormatSuite> formatSuite(in.pica_basicP, kPFPixelFormatSuite, kPFPixelFormatSuiteVersion1);
@@ -159,7 +168,8 @@ HostErr renderEffect(const PF_InData& in, RenderBlock& block, std::span<const PF
   if (const HostErr code = askAbort(in)) return code;
   if (const HostErr code = askAbort(in)) return code;
   drawFrame(block, layer, patternImageOf(handles, in.sequence_data, sequence));
-  return access.write(block.result, access.formatOf(output), output);
+  if (const HostErr code = access.write(block.result, access.formatOf(output), output)) return code;
+  return mask.apply(worldSuite, access, out, block, *worlds[0], output);
 }
 
 }  // namespace quiltor

@@ -39,7 +39,7 @@ class Checkouts {
 
 }  // namespace
 
-HostErr render(PF_InData& in, PF_OutData&, PF_ParamDef** params, PF_EffectWorld* output) {
+HostErr render(PF_InData& in, PF_OutData& out, PF_ParamDef** params, PF_EffectWorld* output) {
   if (!params || !params[0] || !output) return PF_Err_BAD_CALLBACK_PARAM;
   const Description& description = effectDescription();
   RenderBlock block(description.settings);
@@ -61,7 +61,7 @@ HostErr render(PF_InData& in, PF_OutData&, PF_ParamDef** params, PF_EffectWorld*
   }
 
   if (const HostErr code = askAbort(in)) return code;
-  return renderEffect(in, block, worlds, *output);
+  return renderEffect(in, out, block, worlds, *output);
 }
 
 }  // namespace quiltor

@@ -147,7 +147,7 @@ HostErr smartPreRender(PF_InData& in, PF_PreRenderExtra& extra) {
   return preRender.error();
 }
 
-HostErr smartRender(PF_InData& in, PF_OutData&, PF_SmartRenderExtra& extra) {
+HostErr smartRender(PF_InData& in, PF_OutData& out, PF_SmartRenderExtra& extra) {
   SuiteHandler suites(in.pica_basicP);
   const HandleLock lock(suites.handles(), static_cast<PF_Handle>(extra.input->pre_render_data));
   if (!lock) return PF_Err_NONE;
@@ -178,7 +178,7 @@ HostErr smartRender(PF_InData& in, PF_OutData&, PF_SmartRenderExtra& extra) {
   if (!output) return PF_Err_NONE;
 
   if (const HostErr code = askAbort(in)) return code;
-  return renderEffect(in, block, worlds, *output);
+  return renderEffect(in, out, block, worlds, *output);
 }
 
 }  // namespace quiltor

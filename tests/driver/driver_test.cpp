@@ -51,16 +51,19 @@ class Driver : public testing_support::InstanceTest {
     for (const World* world : worlds) records.push_back(&world->record());
     HostErr code = PF_Err_NONE;
     PF_InData* in = nullptr;
+    PF_OutData* out = nullptr;
     // The driver belongs inside a call of the host, and the first thing that a pre-render asks for is such a place.
-    insideTheCall = [&] { code = renderEffect(*in, block, records, output.record()); };
+    insideTheCall = [&] { code = renderEffect(*in, *out, block, records, output.record()); };
     PF_PreRenderInput preInput{};
     PF_PreRenderOutput preOutput{};
     PF_PreRenderCallbacks callbacks{};
     callbacks.checkout_layer = &runInside;
     PF_PreRenderExtra extra{&preInput, &preOutput, &callbacks};
-    instance.call({.selector = PF_Cmd_SMART_PRE_RENDER,
-                   .extra = &extra,
-                   .prepare = [&](PF_InData& record, PF_OutData&) { in = &record; }});
+    instance.call(
+        {.selector = PF_Cmd_SMART_PRE_RENDER, .extra = &extra, .prepare = [&](PF_InData& input, PF_OutData& result) {
+           in = &input;
+           out = &result;
+         }});
     preOutput.delete_pre_render_data_func(preOutput.pre_render_data);
     return code;
   }
