@@ -1,0 +1,147 @@
+#include <signal.h>
+#include <sys/resource.h>
+
+#include <thread>
+
+#include "formats/image_file.h"
+#include "library/conversion_test.h"
+
+namespace quiltor {
+namespace {
+
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::StartsWith;
+
+namespace fs = std::filesystem;
+
+class ConversionFaults : public ConversionTest {
+ protected:
+  ConversionFaults() {
+    // For the tests that run as another user.
+    for (const auto& entry : fs::recursive_directory_iterator(data_.path("."))) {
+      fs::permissions(entry.path(), fs::perms::all);
+    }
+    fs::permissions(data_.path("."), fs::perms::all);
+  }
+
+  static TestPattern noise(uint32_t side) {
+    TestPattern pattern = greyPattern();
+    pattern.rectangle = {.top = 0, .left = 0, .bottom = side, .right = side};
+    pattern.planes[0].samples.clear();
+    uint32_t state = 1;
+    for (uint32_t i = 0; i < side * side; ++i) {
+      state = state * 1664525 + 1013904223;
+      pattern.planes[0].samples.push_back(static_cast<uint8_t>(state >> 24));
+    }
+    return pattern;
+  }
+
+  // Everything that is made from the library when nothing goes wrong.
+  std::map<std::string, Bytes> resultsOfAQuietRun() {
+    convert();
+    auto expected = results();
+    fs::remove_all(data_.all("PS Patterns"));
+    fs::remove_all(data_.all(".cache"));
+    return expected;
+  }
+};
+
+TEST_F(ConversionFaults, AFullDiskInTheMiddleOfAFileLeavesItForTheNextRun) {
+  writePatterns(library("Wood.pat"), {.patterns = {greyPattern(), noise(100), greyPattern()}});
+  const auto expected = resultsOfAQuietRun();
+  inProcessOfAnyone([&] {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit small = {5000, 5000};
+    setrlimit(RLIMIT_FSIZE, &small);
+    convert();
+  });
+  EXPECT_THAT(resultNames(), ElementsAre("PS Patterns/Wood/Wood_02.png"));
+  EXPECT_THAT(log(), Contains("Error saving '" + converted("Wood/Wood_01.png") + "': -5"));
+  convert();
+  EXPECT_EQ(results(), expected);
+}
+
+TEST_F(ConversionFaults, AFullDiskLeavesNoThumbnail) {
+  writePng(library("a.png"), {.width = 50, .height = 50, .pixels = someBytes(7500)});
+  const auto expected = resultsOfAQuietRun();
+  writeText(data_.user("log.txt"), "");
+  inProcessOfAnyone([&] {
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit small = {1500, 1500};
+    setrlimit(RLIMIT_FSIZE, &small);
+    convert();
+  });
+  EXPECT_THAT(resultNames(), IsEmpty());
+  EXPECT_THAT(log(), SizeIs(2));
+  convert();
+  EXPECT_EQ(results(), expected);
+}
+
+TEST_F(ConversionFaults, AFolderThatCannotBeWrittenIsLoggedForEachPicture) {
+  writeGreyPatterns(library("Wood.pat"), 2);
+  writePng(library("a.png"), {.width = 1, .height = 1, .pixels = {1, 2, 3}});
+  fs::permissions(data_.all("."),
+                  fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec);
+  inProcessOfAnyone([&] { convert(); });
+  fs::permissions(data_.all("."), fs::perms::all);
+  EXPECT_THAT(resultNames(), IsEmpty());
+  const std::vector<std::string> lines = log();
+  ASSERT_THAT(lines, SizeIs(6));
+  for (const size_t error : {1u, 3u, 5u}) {
+    EXPECT_THAT(lines[error], StartsWith("Error saving '"));
+    EXPECT_TRUE(lines[error].ends_with("': -1")) << lines[error];
+  }
+}
+
+TEST_F(ConversionFaults, AFolderThatCannotBeReadIsPassedOver) {
+  for (const char* folder : {"a", "locked", "z"}) {
+    fs::create_directory(library(folder));
+    writeGreyPatterns(library(folder) + "/" + folder + ".pat", 1);
+  }
+  fs::permissions(library("locked"), fs::perms::none);
+  inProcessOfAnyone([&] { convert(); });
+  fs::permissions(library("locked"), fs::perms::all);
+  EXPECT_THAT(resultNames(), ElementsAre("PS Patterns/a/a_00.png", "PS Patterns/z/z_00.png"));
+}
+
+TEST_F(ConversionFaults, AFileThatCannotBeReadIsPassedOver) {
+  for (const char* name : {"a.pat", "locked.pat", "z.pat"}) writeGreyPatterns(library(name), 1);
+  fs::permissions(library("locked.pat"), fs::perms::none);
+  inProcessOfAnyone([&] { convert(); });
+  EXPECT_THAT(resultNames(), ElementsAre("PS Patterns/a/a_00.png", "PS Patterns/z/z_00.png"));
+}
+
+TEST_F(ConversionFaults, SeveralWorkersAtOnceMakeTheSame) {
+  for (const char* name : {"Oak.pat", "Stone.pat", "Wood.pat"}) {
+    writePatterns(library(name), {.patterns = {noise(30), greyPattern(), noise(20)}});
+  }
+  for (int i = 0; i < 20; ++i) {
+    writePng(library(std::to_string(i) + ".png"), {.width = 50, .height = 50, .pixels = someBytes(7500)});
+  }
+  const auto expected = resultsOfAQuietRun();
+  EXPECT_THAT(expected, SizeIs(29));
+  const CapturedOutput names(data_.path("names"));
+  const auto work = [&] { convertLibraryFiles({library()}, {library()}); };
+  for (int round = 0; round < 5; ++round) {
+    fs::remove_all(data_.all("PS Patterns"));
+    fs::remove_all(data_.all(".cache"));
+    const pid_t child = fork();
+    if (child == 0) {
+      work();
+      _exit(0);
+    }
+    std::thread other(work);
+    work();
+    other.join();
+    ASSERT_EQ(waitpid(child, nullptr, 0), child);
+    ASSERT_EQ(results(), expected) << "round " << round;
+  }
+  EXPECT_THAT(log(), Each(StartsWith("Converting ")));
+}
+
+}  // namespace
+}  // namespace quiltor
