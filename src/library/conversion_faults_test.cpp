@@ -1,6 +1,7 @@
 #include <signal.h>
 #include <sys/resource.h>
 
+#include <random>
 #include <thread>
 
 #include "formats/image_file.h"
@@ -28,15 +29,18 @@ class ConversionFaults : public ConversionTest {
     fs::permissions(data_.path("."), fs::perms::all);
   }
 
-  static TestPattern noise(uint32_t side) {
+  // Bytes that cannot be packed.
+  static Bytes noise(size_t count) {
+    Bytes bytes;
+    std::mt19937 random(1);
+    while (bytes.size() < count) bytes.push_back(static_cast<uint8_t>(random()));
+    return bytes;
+  }
+
+  static TestPattern noisePattern(uint32_t side) {
     TestPattern pattern = greyPattern();
     pattern.rectangle = {.top = 0, .left = 0, .bottom = side, .right = side};
-    pattern.planes[0].samples.clear();
-    uint32_t state = 1;
-    for (uint32_t i = 0; i < side * side; ++i) {
-      state = state * 1664525 + 1013904223;
-      pattern.planes[0].samples.push_back(static_cast<uint8_t>(state >> 24));
-    }
+    pattern.planes[0].samples = noise(size_t{side} * side);
     return pattern;
   }
 
@@ -51,7 +55,7 @@ class ConversionFaults : public ConversionTest {
 };
 
 TEST_F(ConversionFaults, AFullDiskInTheMiddleOfAFileLeavesItForTheNextRun) {
-  writePatterns(library("Wood.pat"), {.patterns = {greyPattern(), noise(100), greyPattern()}});
+  writePatterns(library("Wood.pat"), {.patterns = {greyPattern(), noisePattern(100), greyPattern()}});
   const auto expected = resultsOfAQuietRun();
   inProcessOfAnyone([&] {
     signal(SIGXFSZ, SIG_IGN);
@@ -66,7 +70,7 @@ TEST_F(ConversionFaults, AFullDiskInTheMiddleOfAFileLeavesItForTheNextRun) {
 }
 
 TEST_F(ConversionFaults, AFullDiskLeavesNoThumbnail) {
-  writePng(library("a.png"), {.width = 50, .height = 50, .pixels = someBytes(7500)});
+  writePng(library("a.png"), {.width = 50, .height = 50, .pixels = noise(7500)});
   const auto expected = resultsOfAQuietRun();
   writeText(data_.user("log.txt"), "");
   inProcessOfAnyone([&] {
@@ -117,7 +121,7 @@ TEST_F(ConversionFaults, AFileThatCannotBeReadIsPassedOver) {
 
 TEST_F(ConversionFaults, SeveralWorkersAtOnceMakeTheSame) {
   for (const char* name : {"Oak.pat", "Stone.pat", "Wood.pat"}) {
-    writePatterns(library(name), {.patterns = {noise(30), greyPattern(), noise(20)}});
+    writePatterns(library(name), {.patterns = {noisePattern(30), greyPattern(), noisePattern(20)}});
   }
   for (int i = 0; i < 20; ++i) {
     writePng(library(std::to_string(i) + ".png"), {.width = 50, .height = 50, .pixels = someBytes(7500)});
