@@ -9,6 +9,7 @@
 
 #include "standalone/cli/about_command.h"
 #include "standalone/cli/command_error.h"
+#include "standalone/cli/convert_command.h"
 #include "standalone/cli/near_miss.h"
 #include "standalone/cli/number_text.h"
 #include "standalone/cli/params_command.h"
@@ -76,7 +77,8 @@ CLI::App* addRender(CLI::App& app, RenderOptions& render, SessionOptions& sessio
       ->required()
       ->type_name("FILE");
   CLI::Option* const pattern =
-      command->add_option("--pattern", render.pattern, "The pattern: PNG or JPEG; the placeholder without it");
+      command->add_option("--pattern", render.pattern,
+                          "The pattern: PNG, JPEG, FILE.pat#INDEX or FILE.pat#NAME; the placeholder without it");
   pattern->type_name("FILE");
   command->add_option("--pattern-layer", render.patternLayer, "Take the pattern from a layer: PNG or JPEG")
       ->type_name("FILE")
@@ -110,6 +112,18 @@ CLI::App* addRender(CLI::App& app, RenderOptions& render, SessionOptions& sessio
   return command;
 }
 
+CLI::App* addConvert(CLI::App& app, ConvertOptions& convert) {
+  CLI::App* const command = app.add_subcommand("convert", "Make PNG files of Photoshop patterns");
+  command->add_option("FILE_OR_FOLDER", convert.sources, "Pattern files, and folders that are searched for them")
+      ->required()
+      ->type_name("");
+  command->add_option("-o,--output", convert.output, "Where a folder is made for each file: FOLDER/N/N_00.png of N.pat")
+      ->required()
+      ->type_name("FOLDER");
+  command->footer("Example:\n  quiltor convert samples/patterns.pat -o out");
+  return command;
+}
+
 // What was typed and is known to no command, with the nearest that is.
 std::string describeUnknown(const CLI::App& app) {
   const auto chosen = app.get_subcommands();
@@ -133,12 +147,16 @@ std::string oneLine(std::string text) {
   return text;
 }
 
-int parseAndRun(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
+int parseAndRun(int argc, const char* const* argv, const Console& console) {
+  std::ostream& out = console.out;
+  std::ostream& err = console.err;
   SessionOptions session;
   RenderOptions render;
+  ConvertOptions convert;
   CLI::App app{"Runs the Quiltor effect, or another effect module, on pictures.", "quiltor"};
   app.footer("Example:\n  quiltor render samples/layer.png -o out.png --pattern samples/woven.png");
   CLI::App* const renderCommand = addRender(app, render, session);
+  CLI::App* const convertCommand = addConvert(app, convert);
   CLI::App* const paramsCommand = app.add_subcommand("params", "List the effect's parameters");
   paramsCommand->footer("Example:\n  quiltor params");
   addSessionOptions(*paramsCommand, session);
@@ -157,21 +175,23 @@ int parseAndRun(int argc, const char* const* argv, std::ostream& out, std::ostre
   }
   if (*renderCommand) {
     runRender(session, render, err);
+  } else if (*convertCommand) {
+    return runConvert(convert, console) ? 0 : kFailure;
   } else if (*paramsCommand) {
     runParams(session, out, err);
   } else if (*aboutCommand) {
     runAbout(session, out, err);
   } else {
-    throw UsageError("expected a command: render, params or about; --help explains them");
+    throw UsageError("expected a command: render, convert, params or about; --help explains them");
   }
   return 0;
 }
 
 }  // namespace
 
-int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err) {
+int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err, bool terminal) {
   try {
-    return parseAndRun(argc, argv, out, err);
+    return parseAndRun(argc, argv, {out, err, terminal});
   } catch (const UsageError& error) {
     err << "quiltor: " << error.what() << '\n';
     return kWrongUse;

@@ -83,16 +83,17 @@ RenderResult renderFrame(const Effect& effect, Instance& instance, const RenderO
   return smart ? instance.renderSmart(frame) : instance.render(frame);
 }
 
-World renderWith(Effect& effect, const RenderOptions& options, const World& input, const World* patternLayer) {
+World renderWith(Effect& effect, const RenderOptions& options, const World& input, const PatternFile* pattern,
+                 const World* patternLayer) {
   const std::vector<Parameter>& parameters = effect.parameters();
   std::vector<Assignment> assignments;
   for (const std::string& text : options.assignments) assignments.push_back(parseAssignment(parameters, text));
 
   std::vector<unsigned char> saved;
-  if (!options.pattern.empty()) saved = savedWithPattern(effect, options.pattern);
+  if (pattern) saved = savedWithPattern(effect, pattern->path());
   Instance instance(effect);
   requireSuccess(saved.empty() ? instance.setUp() : instance.resetupFrom(saved), "setting up an instance");
-  if (!options.pattern.empty()) choosePatternSource(instance, parameters, "File");
+  if (pattern) choosePatternSource(instance, parameters, "File");
   if (patternLayer) {
     choosePatternSource(instance, parameters, "Layer");
     instance.setLayer(patternLayerParameter(parameters), patternLayer);
@@ -118,14 +119,16 @@ void runRender(const SessionOptions& session, const RenderOptions& options, std:
   }
   const World fullInput = readPicture(options.input, options.format);
   const World input = shrink(fullInput, options.downsample);
-  if (!options.pattern.empty()) checkPatternFile(options.pattern);
+  std::optional<PatternFile> pattern;
+  if (!options.pattern.empty()) pattern.emplace(options.pattern);
   std::optional<World> patternLayer;
   if (!options.patternLayer.empty()) {
     patternLayer = shrink(readPicture(options.patternLayer, options.format), options.downsample);
   }
   std::optional<World> picture;
   withEffect(session, hostOptions(options, fullInput), err, [&](Effect& effect) {
-    picture = renderWith(effect, options, input, patternLayer ? &*patternLayer : nullptr);
+    picture =
+        renderWith(effect, options, input, pattern ? &*pattern : nullptr, patternLayer ? &*patternLayer : nullptr);
   });
   writePng(options.output, *picture);
 }

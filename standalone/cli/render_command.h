@@ -16,7 +16,7 @@ enum class RenderPath { Automatic, Classic, Smart };
 struct RenderOptions {
   std::filesystem::path input;
   std::filesystem::path output;
-  std::filesystem::path pattern;       // empty: none
+  std::string pattern;                 // as typed; empty: none
   std::filesystem::path patternLayer;  // empty: none
   std::vector<std::string> assignments;
   WorldFormat format = WorldFormat::Argb8;

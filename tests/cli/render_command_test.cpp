@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "formats/test_pattern_reading.h"
 #include "standalone/host/picture_file.h"
 #include "tests/cli/command_line_run.h"
 
@@ -153,6 +154,30 @@ TEST_F(RenderCommandTest, rejectsAPatternWhoseNameHidesItsFormat) {
   const std::string misnamed = folder.path("red.jpg");
   std::filesystem::copy(red, misnamed);
   expectFailure({"--pattern", misnamed}, 1, misnamed + ": holds a PNG picture; expected a name that ends in .png");
+}
+
+TEST_F(RenderCommandTest, drawsAPatternOutOfAPhotoshopPatternFile) {
+  TestPattern redPattern = rgbPattern(u"Red");
+  redPattern.planes = {{.samples = {255, 255}}, {.samples = {0, 0}}, {.samples = {0, 0}}};
+  const std::string file = folder.path("two.pat");
+  writeBytes(file, TestPatternFile{.patterns = {greyPattern(u"Grey"), redPattern}}.bytes());
+  ASSERT_EQ(render({"--pattern", file + "#1"}).status, 0);
+  expectRed();
+  std::filesystem::remove(output);
+  ASSERT_EQ(render({"--pattern", file + "#red"}).status, 0);
+  expectRed();
+  std::filesystem::remove(output);
+  expectFailure({"--pattern", file}, 2, "it holds 2 patterns, choose one by number or name: #0 \"Grey\", #1 \"Red\"");
+  expectFailure({"--pattern", file + "#Rad"}, 2, "there is no pattern \"Rad\"; did you mean \"Red\"?");
+  expectFailure({"--pattern", folder.path("none.pat")}, 1, folder.path("none.pat") + ": it cannot be opened");
+}
+
+TEST_F(RenderCommandTest, leavesNoTemporaryFileBehind) {
+  std::filesystem::create_directories(folder.path("temporary"));
+  const EnvironmentOverride temporary("TMPDIR", folder.path("temporary"));
+  writeBytes(folder.path("one.pat"), TestPatternFile{.patterns = {rgbPattern()}}.bytes());
+  ASSERT_EQ(render({"--pattern", folder.path("one.pat")}).status, 0);
+  EXPECT_TRUE(std::filesystem::is_empty(folder.path("temporary")));
 }
 
 TEST_F(RenderCommandTest, leavesAnOlderOutputWholeWhenItFails) {

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace quiltor::standalone {
+
+// Texts from files and for lines that people read.
+
+// Without control characters, which could break the line or drive the terminal, between quotation marks.
+[[nodiscard]] std::string quoted(std::string_view text);
+
+// "1 pattern", "2 patterns".
+[[nodiscard]] std::string counted(std::size_t count, std::string_view noun);
+
+// "1st", "2nd", "3rd", "4th".
+[[nodiscard]] std::string ordinal(std::size_t number);
+
+// At most `length` characters of UTF-8, the last of them three dots when something is cut off.
+[[nodiscard]] std::string shortened(std::string_view text, std::size_t length);
+
+}  // namespace quiltor::standalone

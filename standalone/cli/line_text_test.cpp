@@ -1,0 +1,33 @@
+#include "standalone/cli/line_text.h"
+
+#include <gtest/gtest.h>
+
+namespace quiltor::standalone {
+namespace {
+
+TEST(LineText, keepsAQuotedTextOnItsLine) { EXPECT_EQ(quoted("Old\nbricks\x1b[2J"), "\"Old bricks [2J\""); }
+
+TEST(LineText, countsThings) {
+  EXPECT_EQ(counted(0, "pattern"), "0 patterns");
+  EXPECT_EQ(counted(1, "pattern"), "1 pattern");
+  EXPECT_EQ(counted(2, "library"), "2 libraries");
+}
+
+TEST(LineText, numbersThings) {
+  EXPECT_EQ(ordinal(1), "1st");
+  EXPECT_EQ(ordinal(2), "2nd");
+  EXPECT_EQ(ordinal(3), "3rd");
+  EXPECT_EQ(ordinal(4), "4th");
+  EXPECT_EQ(ordinal(11), "11th");
+  EXPECT_EQ(ordinal(113), "113th");
+  EXPECT_EQ(ordinal(122), "122nd");
+}
+
+TEST(LineText, shortensOnlyWhatIsTooLongAndNeverWithinACharacter) {
+  EXPECT_EQ(shortened("bricks", 6), "bricks");
+  EXPECT_EQ(shortened("bricks2", 6), "bri...");
+  EXPECT_EQ(shortened("Zäune und Häuser", 8), "Zäune...");
+}
+
+}  // namespace
+}  // namespace quiltor::standalone
