@@ -44,6 +44,7 @@ void readPattern(ByteReader& in, uint32_t place, PsPatterns& patterns, PatternFi
     reason = readPatternRecord(in, *pattern, after);
   } catch (...) {
     reason = "there is not enough memory for it";
+    report.outOfMemory = true;
   }
   if (reason) {
     report.failures.push_back({.place = place, .name = std::move(pattern->name), .reason = reason});
@@ -60,6 +61,7 @@ int32_t ReadPatternFile(std::FILE* file, PsPatterns& patterns, PatternFileReport
   ByteReader in(file);
   int32_t count = 0;
   report->failures.clear();
+  report->outOfMemory = false;
   report->problem = readHeader(in, count);
   if (report->problem) return kFailed;
 
@@ -71,6 +73,7 @@ int32_t ReadPatternFile(std::FILE* file, PsPatterns& patterns, PatternFileReport
       readPattern(in, static_cast<uint32_t>(place), patterns, *report, after);
     } catch (...) {
       report->problem = "there is not enough memory for its patterns";
+      report->outOfMemory = true;
       break;
     }
   }

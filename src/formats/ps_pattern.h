@@ -31,6 +31,8 @@ struct PatternFileReport {
   std::vector<Failure> failures;
   // Why the file was refused, or why the patterns that its header promises were not all tried; null otherwise.
   const char* problem = nullptr;
+  // Whether patterns are missing that another time, with more memory left, might be there.
+  bool outOfMemory = false;
 };
 
 // Appends every pattern of a Photoshop pattern file that can be read, in the file's order, and prints the name of each

@@ -44,7 +44,7 @@ class ConversionTest : public testing::Test {
 
   void convert() { convert({library()}, {library()}); }
   void convert(const std::vector<std::string>& images, const std::vector<std::string>& patterns) {
-    const CapturedOutput names(data_.path("names"));
+    const CapturedOutput names(data_.path("names of user " + std::to_string(geteuid())));
     convertLibraryFiles(images, patterns);
   }
 

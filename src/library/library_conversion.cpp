@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <new>
 #include <optional>
 #include <string_view>
 #include <thread>
@@ -101,7 +102,7 @@ class Conversion {
   void convertPatternFile(const std::string& path) {
     PsPatterns patterns;
     std::string name;
-    attempt("Exception in pattern loader '", path, "", [&] {
+    const bool complete = attempt("Exception in pattern loader '", path, "", [&] {
       if (lastFour(path) != ".pat") return;
       name = patternFileName(path);
       if (fileExists(convertedPatternPath(patternsFolder_, name, 0))) return;
@@ -109,28 +110,31 @@ class Conversion {
       createFolderChain(folder);
       removeUnfinished(folder);
       // Deliberate: a file that cannot be read has no patterns, and that is all.
-      static_cast<void>(loadPatternFile(path, patterns));
+      PatternFileReport report;
+      static_cast<void>(loadPatternFile(path, patterns, &report));
+      if (report.outOfMemory) throw std::bad_alloc();
     });
-    convertPatterns(path, name, patterns);
+    convertPatterns(path, name, patterns, complete);
   }
 
-  void convertPatterns(const std::string& path, const std::string& name, PsPatterns& patterns) {
+  // complete: these are all that the file holds.
+  void convertPatterns(const std::string& path, const std::string& name, PsPatterns& patterns, bool complete) {
     std::optional<UnfinishedPng> first;
-    bool complete = true;
     for (size_t index = 0; index < patterns.size(); ++index) {
       std::string target;
       const bool attempted = attempt("Exception in pattern converter '", path, target, [&] {
         target = convertedPatternPath(patternsFolder_, name, index);
         logLine({"Converting pattern '", path, "' to '", target, "'"});
         UnfinishedPng file(target);
-        const int32_t result = file.write(pictureOf(*patterns[index]));
-        // An empty pattern stays one; anything else may be well the next time.
-        if (result != 0 && result != kEmptyPicture) complete = false;
-        if (result == 0 && index == 0) {
+        const int32_t written = file.write(pictureOf(*patterns[index]));
+        if (written == 0 && index == 0) {
           first.emplace(std::move(file));
-        } else {
-          tellOfSaving(target, result == 0 ? file.finish() : result);
+          return;
         }
+        const int32_t result = written == 0 ? file.finish() : written;
+        tellOfSaving(target, result);
+        // An empty pattern stays one and a folder in the way stays there; anything else may be well the next time.
+        if (result != 0 && result != kEmptyPicture && !isFolder(target)) complete = false;
       });
       complete = complete && attempted;
       patterns[index].reset();
