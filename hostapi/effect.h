@@ -106,6 +106,7 @@ enum {
 
 // Quality, fields and channels of a request.
 enum {
+  PF_Quality_DRAWING_AUDIO = -1,
   PF_Quality_LO = 0,
   PF_Quality_HI = 1,
   PF_Field_FRAME = 0,

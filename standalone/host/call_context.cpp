@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "standalone/host/interaction.h"
-#include "standalone/host/resolution.h"
+#include "standalone/host/services/resolution.h"
 #include "standalone/host/suites/basic_suite.h"
 
 namespace quiltor::standalone {

@@ -3,7 +3,7 @@
 
 #include "standalone/host/call_context.h"
 #include "standalone/host/instance.h"
-#include "standalone/host/rectangle.h"
+#include "standalone/host/services/rectangle.h"
 
 namespace quiltor::standalone {
 namespace {

@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-#include "standalone/host/resolution.h"
+#include "standalone/host/services/resolution.h"
 
 namespace quiltor::standalone {
 namespace {

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "standalone/host/call_context.h"
-#include "standalone/host/rectangle.h"
-#include "standalone/host/resolution.h"
+#include "standalone/host/services/rectangle.h"
+#include "standalone/host/services/resolution.h"
 #include "standalone/host/suites/suite_table.h"
 
 namespace quiltor::standalone {

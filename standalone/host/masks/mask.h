@@ -17,7 +17,8 @@ struct PathVertex {
 using Outline = std::vector<PathVertex>;
 
 // A mask of the layer, in full-resolution pixels of the layer. The identifier is also that of the path; 0 stands for no
-// path. The edge is softened over the feather's width, half of it inside and half outside.
+// path, and a mask without vertices has none. The edge is softened over the feather's width, half of it inside and half
+// outside.
 struct Mask {
   int32_t id = 1;
   Outline vertices = {};

@@ -31,6 +31,14 @@ enum class HostCall {
   Layer,                // the effect's layer: answers 516
   Stream,               // a new stream: answers 516
   StreamValue,          // answers 516
+  DisposeStream,        // answers 516, but the stream is disposed
+  DisposeStreamValue,   // answers 516, but the value is disposed
+  Mask,                 // the layer's masks and their identifiers: answers 516
+  DisposeMask,          // answers 516, but the mask is disposed
+  Path,                 // the layer's paths, a check-out, the inverted flag: answers 516
+  CheckinPath,          // answers 516, but the check-in counts
+  DrawPath,             // answers 516, nothing is drawn
+  Fill,                 // answers 516, nothing is filled
   UpdateParamUi,        // answers 516
   RefreshWindows,       // answers 516
   Count_,

@@ -40,6 +40,10 @@ namespace quiltor::standalone {
   M(ResultRectOutsideMaximum)    \
   M(StreamNotDisposed)           \
   M(StreamValueNotDisposed)      \
+  M(MaskNotDisposed)             \
+  M(MaskDisposedBeforeStream)    \
+  M(PathNotCheckedIn)            \
+  M(PathCheckedInTwice)          \
   M(ObjectUnknown)               \
   M(FlatDataIsLive)              \
   M(FlatHandleNotDisposed)       \

@@ -5,8 +5,10 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "hostapi/effect.h"
+#include "standalone/host/masks/mask.h"
 #include "standalone/host/services/world.h"
 
 namespace quiltor::standalone {
@@ -50,6 +52,11 @@ struct HostOptions {
   LayerTransform transform = {};
   // When set, the transform at a layer time in seconds; `transform` is then not used.
   std::function<LayerTransform(double)> transformAt = nullptr;
+
+  // The layer's masks, each with an identifier of its own.
+  std::vector<Mask> masks = {};
+  // When set, what becomes of one of them at a layer time in seconds.
+  std::function<Mask(const Mask&, double)> maskAt = nullptr;
 
   // Answers abort and progress calls: the argument counts them from 0 since the last call into the effect began. Empty:
   // always 0. Called on the thread of the effect's call or of iterate's thread index 0.

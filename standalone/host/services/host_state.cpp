@@ -41,6 +41,8 @@ void HostState::end(CallScope& call) {
   handles.checkCall(call);
   worlds.checkCall(call);
   streams.checkCall(call);
+  masks.checkCall(call);
+  paths.checkCall(call);
 }
 
 CallScope* HostState::callOf(PF_ProgPtr reference) {

@@ -12,6 +12,8 @@
 #include "standalone/host/services/findings.h"
 #include "standalone/host/services/handle_table.h"
 #include "standalone/host/services/host_options.h"
+#include "standalone/host/services/mask_table.h"
+#include "standalone/host/services/path_table.h"
 #include "standalone/host/services/stream_table.h"
 #include "standalone/host/services/suite_ledger.h"
 #include "standalone/host/services/world_pool.h"
@@ -32,6 +34,8 @@ struct HostState {
   SuiteLedger suites{findings};
   WorldPool worlds{findings};
   StreamTable streams{findings};
+  MaskTable masks{findings};
+  PathTable paths{findings};
 
   // What effects asked for. Written on the main thread, but for the count of abort calls.
   int refreshAllWindowsCount = 0;

@@ -1,12 +1,16 @@
 #include "standalone/host/services/stream_table.h"
 
-#include <string>
 #include <utility>
 
 namespace quiltor::standalone {
 
-AEGP_StreamRefH StreamTable::open(AEGP_LayerStream code) {
-  auto stream = std::make_unique<Stream>(Stream{code, 0, currentCall()});
+std::string StreamTable::Stream::name() const {
+  const std::string code = "stream " + std::to_string(source.code);
+  return source.maskId ? code + " of mask " + std::to_string(*source.maskId) : "layer " + code;
+}
+
+AEGP_StreamRefH StreamTable::open(const StreamSource& source) {
+  auto stream = std::make_unique<Stream>(Stream{source, 0, currentCall()});
   const auto handle = reinterpret_cast<AEGP_StreamRefH>(stream.get());
   std::lock_guard lock(mutex_);
   streams_.emplace(handle, std::move(stream));
@@ -20,13 +24,12 @@ StreamTable::Stream* StreamTable::find(AEGP_StreamRefH stream) {
   return nullptr;
 }
 
-bool StreamTable::takeValue(AEGP_StreamRefH stream, AEGP_LayerStream& code) {
+std::optional<StreamSource> StreamTable::takeValue(AEGP_StreamRefH stream) {
   std::lock_guard lock(mutex_);
   Stream* found = find(stream);
-  if (!found) return false;
+  if (!found) return std::nullopt;
   ++found->values;
-  code = found->code;
-  return true;
+  return found->source;
 }
 
 bool StreamTable::disposeValue(AEGP_StreamRefH stream) {
@@ -43,9 +46,8 @@ bool StreamTable::disposeValue(AEGP_StreamRefH stream) {
 
 void StreamTable::checkValues(const Stream& stream) {
   if (stream.values < 1) return;
-  findings_.record(FindingKind::StreamValueNotDisposed, "layer stream " + std::to_string(stream.code) +
-                                                            " was left with " + std::to_string(stream.values) +
-                                                            " values not disposed");
+  findings_.record(FindingKind::StreamValueNotDisposed,
+                   stream.name() + " was left with " + std::to_string(stream.values) + " values not disposed");
 }
 
 bool StreamTable::dispose(AEGP_StreamRefH stream) {
@@ -57,6 +59,17 @@ bool StreamTable::dispose(AEGP_StreamRefH stream) {
   return true;
 }
 
+void StreamTable::checkMask(AEGP_MaskRefH mask) {
+  std::lock_guard lock(mutex_);
+  for (const auto& [handle, stream] : streams_) {
+    if (stream->source.mask != mask) continue;
+    findings_.record(FindingKind::MaskDisposedBeforeStream,
+                     "the mask was disposed while " + stream->name() + " was open");
+    // Another mask may get the address.
+    stream->source.mask = nullptr;
+  }
+}
+
 void StreamTable::checkCall(const CallScope& call) {
   std::lock_guard lock(mutex_);
   for (auto entry = streams_.begin(); entry != streams_.end();) {
@@ -65,7 +78,7 @@ void StreamTable::checkCall(const CallScope& call) {
       ++entry;
       continue;
     }
-    findings_.record(FindingKind::StreamNotDisposed, "layer stream " + std::to_string(stream.code) + " was left open");
+    findings_.record(FindingKind::StreamNotDisposed, stream.name() + " was left open");
     checkValues(stream);
     entry = streams_.erase(entry);
   }

@@ -3,6 +3,8 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
+#include <string>
 
 #include "hostapi/suites_aegp.h"
 #include "standalone/host/services/call_scope.h"
@@ -10,25 +12,36 @@
 
 namespace quiltor::standalone {
 
+// What a stream is of: the layer, or one of its masks.
+struct StreamSource {
+  A_long code = 0;
+  std::optional<AEGP_MaskIDVal> maskId = std::nullopt;
+  AEGP_MaskRefH mask = nullptr;  // the reference that it was opened through, while that lives
+};
+
 // The streams that effects opened and the values that they hold of them. Thread-safe.
 class StreamTable {
  public:
   explicit StreamTable(Findings& findings) : findings_(findings) {}
 
-  AEGP_StreamRefH open(AEGP_LayerStream code);
-  // The stream's code, counting one value more; false, and recorded, for what is no stream.
-  bool takeValue(AEGP_StreamRefH stream, AEGP_LayerStream& code);
+  AEGP_StreamRefH open(const StreamSource& source);
+  // The stream's source, counting one value more; nothing, and recorded, for what is no stream.
+  std::optional<StreamSource> takeValue(AEGP_StreamRefH stream);
   bool disposeValue(AEGP_StreamRefH stream);
   bool dispose(AEGP_StreamRefH stream);
 
+  // Records the streams of a mask that is about to be disposed.
+  void checkMask(AEGP_MaskRefH mask);
   // Records what the call left, and closes it.
   void checkCall(const CallScope& call);
 
  private:
   struct Stream {
-    AEGP_LayerStream code;
+    StreamSource source;
     int values;
     const CallScope* madeIn;
+
+    [[nodiscard]] std::string name() const;
   };
 
   Stream* find(AEGP_StreamRefH stream);

@@ -1,18 +1,14 @@
+#include <cstddef>
+#include <string>
+
 #include "standalone/host/services/host_state.h"
+#include "standalone/host/suites/bad_argument.h"
+#include "standalone/host/suites/layer_handle.h"
 #include "standalone/host/suites/suite_table.h"
 #include "standalone/host/suites/suite_tables.h"
 
 namespace quiltor::standalone {
 namespace {
-
-// There is one layer, and its handle is the address of this.
-int theLayer = 0;
-AEGP_LayerH layerHandle() { return reinterpret_cast<AEGP_LayerH>(&theLayer); }
-
-A_Err badArgument(const char* text) {
-  hostState().findings.record(FindingKind::BadArgument, text);
-  return PF_Err_BAD_CALLBACK_PARAM;
-}
 
 A_Err getEffectLayer(PF_ProgPtr effect, AEGP_LayerH* layer) {
   HostState& host = hostState();
@@ -22,63 +18,47 @@ A_Err getEffectLayer(PF_ProgPtr effect, AEGP_LayerH* layer) {
   return PF_Err_NONE;
 }
 
-A_Err getNewLayerStream(AEGP_PluginID, AEGP_LayerH layer, AEGP_LayerStream code, AEGP_StreamRefH* stream) {
+A_Err getLayerNumMasks(AEGP_LayerH layer, A_long* count) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Stream)) return PF_Err_BAD_CALLBACK_PARAM;
-  if (layer != layerHandle()) {
-    host.findings.record(FindingKind::ObjectUnknown, "a stream was asked of what is no layer");
-    return PF_Err_BAD_CALLBACK_PARAM;
-  }
-  if (!stream || code < AEGP_LayerStream_ANCHORPOINT || code > AEGP_LayerStream_ROTATION) {
-    return badArgument("AEGP_GetNewLayerStream offers anchor, position, scale and rotation, and needs a destination");
-  }
-  *stream = host.streams.open(code);
+  if (host.faults.strikes(HostCall::Mask)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!requireLayer(layer, "the number of masks")) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!count) return badArgument("AEGP_GetLayerNumMasks was called without a destination");
+  *count = static_cast<A_long>(host.options.masks.size());
   return PF_Err_NONE;
 }
 
-A_Err disposeStream(AEGP_StreamRefH stream) {
-  return hostState().streams.dispose(stream) ? PF_Err_NONE : PF_Err_BAD_CALLBACK_PARAM;
-}
-
-AEGP_ThreeDVal transformValue(AEGP_LayerStream code, const A_Time& time) {
-  const HostOptions& options = hostState().options;
-  const LayerTransform at =
-      options.transformAt ? options.transformAt(static_cast<double>(time.value) / time.scale) : options.transform;
-  switch (code) {
-    case AEGP_LayerStream_ANCHORPOINT:
-      return {at.anchorX, at.anchorY, 0};
-    case AEGP_LayerStream_POSITION:
-      return {at.positionX, at.positionY, 0};
-    case AEGP_LayerStream_SCALE:
-      return {at.scaleX, at.scaleY, 100};
-    default:
-      return {at.rotation, 0, 0};
-  }
-}
-
-// Both suites' value records lie alike: every form of the value starts at the same place.
-template <class Value>
-A_Err getNewStreamValue(AEGP_PluginID, AEGP_StreamRefH stream, AEGP_LTimeMode, const A_Time* time, A_Boolean,
-                        Value* value) {
+A_Err getLayerMaskByIndex(AEGP_LayerH layer, AEGP_MaskIndex index, AEGP_MaskRefH* mask) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::StreamValue)) return PF_Err_BAD_CALLBACK_PARAM;
-  if (!time || time->scale == 0 || !value) {
-    return badArgument("AEGP_GetNewStreamValue was called without a time, with a time scale of 0 or without a record");
+  if (host.faults.strikes(HostCall::Mask)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!requireLayer(layer, "a mask")) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!mask) return badArgument("AEGP_GetLayerMaskByIndex was called without a destination");
+  const std::vector<Mask>& masks = host.options.masks;
+  if (index < 0 || static_cast<std::size_t>(index) >= masks.size()) {
+    return badArgument("mask " + std::to_string(index) + " was asked for, of " + std::to_string(masks.size()));
   }
-  AEGP_LayerStream code = 0;
-  if (!host.streams.takeValue(stream, code)) return PF_Err_BAD_CALLBACK_PARAM;
-  *value = {};
-  value->streamH = stream;
-  value->val.three_d = transformValue(code, *time);
+  *mask = host.masks.open(masks[static_cast<std::size_t>(index)].id);
   return PF_Err_NONE;
 }
 
-template <class Value>
-A_Err disposeStreamValue(Value* value) {
-  if (!value) return badArgument("AEGP_DisposeStreamValue was called without a record");
-  if (!hostState().streams.disposeValue(value->streamH)) return PF_Err_BAD_CALLBACK_PARAM;
-  *value = {};
+A_Err getMaskId(AEGP_MaskRefH mask, AEGP_MaskIDVal* id) {
+  HostState& host = hostState();
+  if (host.faults.strikes(HostCall::Mask)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!id) return badArgument("AEGP_GetMaskID was called without a destination");
+  const auto found = host.masks.idOf(mask);
+  if (!found) return PF_Err_BAD_CALLBACK_PARAM;
+  *id = *found;
   return PF_Err_NONE;
+}
+
+A_Err disposeMask(AEGP_MaskRefH mask) {
+  HostState& host = hostState();
+  const bool strikes = host.faults.strikes(HostCall::DisposeMask);
+  if (host.masks.idOf(mask)) {
+    host.streams.checkMask(mask);
+    host.masks.dispose(mask);
+    if (!strikes) return PF_Err_NONE;
+  }
+  return PF_Err_BAD_CALLBACK_PARAM;
 }
 
 AEGP_PFInterfaceSuite1 makePfInterfaceSuite() {
@@ -87,39 +67,35 @@ AEGP_PFInterfaceSuite1 makePfInterfaceSuite() {
   return suite;
 }
 
-AEGP_StreamSuite2 makeStreamSuite7() {
-  auto suite = tableOfUnimplementedSlots<AEGP_StreamSuite2>();
-  suite.AEGP_GetNewLayerStream = &getNewLayerStream;
-  suite.AEGP_DisposeStream = &disposeStream;
-  suite.AEGP_GetNewStreamValue = &getNewStreamValue<AEGP_StreamValue>;
-  suite.AEGP_DisposeStreamValue = &disposeStreamValue<AEGP_StreamValue>;
-  return suite;
-}
-
-AEGP_StreamSuite4 makeStreamSuite9() {
-  auto suite = tableOfUnimplementedSlots<AEGP_StreamSuite4>();
-  // The slot keeps its place from version 7.
-  suite.unused0_5[3] = reinterpret_cast<void*>(&getNewLayerStream);
-  suite.AEGP_DisposeStream = &disposeStream;
-  suite.AEGP_GetNewStreamValue = &getNewStreamValue<AEGP_StreamValue2>;
-  suite.AEGP_DisposeStreamValue = &disposeStreamValue<AEGP_StreamValue2>;
+AEGP_MaskSuite5 makeLayerMaskSuite() {
+  auto suite = tableOfUnimplementedSlots<AEGP_MaskSuite5>();
+  suite.AEGP_GetLayerNumMasks = &getLayerNumMasks;
+  suite.AEGP_GetLayerMaskByIndex = &getLayerMaskByIndex;
+  suite.AEGP_DisposeMask = &disposeMask;
+  suite.AEGP_GetMaskID = &getMaskId;
   return suite;
 }
 
 }  // namespace
+
+AEGP_LayerH layerHandle() {
+  static int theLayer = 0;
+  return reinterpret_cast<AEGP_LayerH>(&theLayer);
+}
+
+bool requireLayer(AEGP_LayerH layer, const char* asked) {
+  if (layer == layerHandle()) return true;
+  hostState().findings.record(FindingKind::ObjectUnknown, std::string(asked) + " was asked of what is no layer");
+  return false;
+}
 
 const AEGP_PFInterfaceSuite1& pfInterfaceSuite() {
   static const AEGP_PFInterfaceSuite1 suite = makePfInterfaceSuite();
   return suite;
 }
 
-const AEGP_StreamSuite2& streamSuite7() {
-  static const AEGP_StreamSuite2 suite = makeStreamSuite7();
-  return suite;
-}
-
-const AEGP_StreamSuite4& streamSuite9() {
-  static const AEGP_StreamSuite4 suite = makeStreamSuite9();
+const AEGP_MaskSuite5& layerMaskSuite() {
+  static const AEGP_MaskSuite5 suite = makeLayerMaskSuite();
   return suite;
 }
 

@@ -36,6 +36,11 @@ constexpr Entry kCatalogue[] = {
     {kAEGPPFInterfaceSuite, kAEGPPFInterfaceSuiteVersion1, OfferedBy::Compositing, &tableOf<pfInterfaceSuite>},
     {kAEGPStreamSuite, kAEGPStreamSuiteVersion7, OfferedBy::Compositing, &tableOf<streamSuite7>},
     {kAEGPStreamSuite, kAEGPStreamSuiteVersion9, OfferedBy::Compositing, &tableOf<streamSuite9>},
+    {kAEGPLayerMaskSuite, kAEGPLayerMaskSuiteVersion6, OfferedBy::Compositing, &tableOf<layerMaskSuite>},
+    {kPFPathQuerySuite, kPFPathQuerySuiteVersion1, OfferedBy::Compositing, &tableOf<pathQuerySuite>},
+    {kPFPathDataSuite, kPFPathDataSuiteVersion1, OfferedBy::Compositing, &tableOf<pathDataSuite>},
+    {kAEGPMaskSuite, kAEGPMaskSuiteVersion1, OfferedBy::Compositing, &tableOf<maskSuite>},
+    {kPFFillMatteSuite, kPFFillMatteSuiteVersion2, OfferedBy::Compositing, &tableOf<fillMatteSuite>},
 };
 
 }  // namespace

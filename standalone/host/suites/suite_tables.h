@@ -21,5 +21,10 @@ const AEGP_UtilitySuite5& utilitySuite11();
 const AEGP_PFInterfaceSuite1& pfInterfaceSuite();
 const AEGP_StreamSuite2& streamSuite7();
 const AEGP_StreamSuite4& streamSuite9();
+const AEGP_MaskSuite5& layerMaskSuite();
+const PF_PathQuerySuite1& pathQuerySuite();
+const PF_PathDataSuite1& pathDataSuite();
+const PF_MaskSuite1& maskSuite();
+const PF_FillMatteSuite2& fillMatteSuite();
 
 }  // namespace quiltor::standalone

@@ -8,6 +8,8 @@
 namespace quiltor::standalone {
 namespace {
 
+const HostOptions kWithAMask{.masks = {{.id = 4, .vertices = {{1, 1}, {6, 2}, {3, 5}}, .featherX = 2}}};
+
 // The whole life of an effect, every selector that it answers once at least.
 void live(Host& host) {
   const World picture = samplePicture(WorldFormat::Argb8, 9, 5);
@@ -54,16 +56,18 @@ std::string expectedSelector(FindingKind kind) {
 
 TEST(HonestEffect, HasNoFindingsInItsWholeLife) {
   setMisdeed("");
-  Host host;
+  Host host(kWithAMask);
   live(host);
   EXPECT_EQ(host.findings().text(), "");
+  EXPECT_GT(host.faults().count(HostCall::DrawPath), 0u);
+  EXPECT_GT(host.faults().count(HostCall::CheckinPath), 0u);
 }
 
 class EveryMisdeed : public testing::TestWithParam<FindingKind> {};
 
 TEST_P(EveryMisdeed, IsRecordedUnderItsNameAndSelector) {
   setMisdeed(std::string(nameOf(GetParam())));
-  Host host;
+  Host host(kWithAMask);
   live(host);
   setMisdeed("");
   ASSERT_TRUE(host.findings().has(GetParam())) << host.findings().text();

@@ -257,13 +257,14 @@ TEST(Host, TracesCallsAndSuites) {
 
 TEST(Host, AnHonestEffectHasNoFindingsWhicheverHostCallFails) {
   const World layer = samplePicture(WorldFormat::Argb8, 7, 5);
-  Host host;
+  Host host({.masks = {{.id = 4, .vertices = {{1, 1}, {6, 2}, {3, 5}}, .featherX = 2}}});
   std::size_t k = 0;
   for (bool struck = true; struck; ++k) {
     host.faults().failAt(k);
     {
       Effect effect(host, sampleModule());
       bool failed = !effect.setUp().succeeded();
+      effect.about();
       if (!failed) {
         Instance instance(effect);
         instance.setUp();

@@ -125,6 +125,66 @@ void misuseStreams(PF_InData* in) {
   if (does("ObjectUnknown")) streams->AEGP_DisposeStream(stream);
 }
 
+// The first mask's feather.
+void misuseMaskStreams(PF_InData* in, const Suite<AEGP_MaskSuite5>& masks, AEGP_MaskRefH mask) {
+  const Suite<AEGP_StreamSuite4> streams(in, kAEGPStreamSuite, kAEGPStreamSuiteVersion9);
+  AEGP_StreamRefH stream = nullptr;
+  const bool opened =
+      streams && streams->AEGP_GetNewMaskStream(0, mask, AEGP_MaskStream_FEATHER, &stream) == PF_Err_NONE;
+  const bool outOfOrder = opened && does("MaskDisposedBeforeStream");
+  if (outOfOrder) masks->AEGP_DisposeMask(mask);
+  if (opened) {
+    const A_Time time{in->current_time, in->time_scale};
+    AEGP_StreamValue2 value{};
+    if (streams->AEGP_GetNewStreamValue(0, stream, AEGP_LTimeMode_LayerTime, &time, 0, &value) == PF_Err_NONE) {
+      streams->AEGP_DisposeStreamValue(&value);
+    }
+    streams->AEGP_DisposeStream(stream);
+  }
+  if (!outOfOrder && !does("MaskNotDisposed")) masks->AEGP_DisposeMask(mask);
+}
+
+// A path drawn into a matte of its own.
+void drawPath(PF_InData* in, PF_PathOutlinePtr path) {
+  const Suite<PF_WorldSuite2> worlds(in, kPFWorldSuite, kPFWorldSuiteVersion2);
+  const Suite<PF_FillMatteSuite2> filling(in, kPFFillMatteSuite, kPFFillMatteSuiteVersion2);
+  const Suite<PF_MaskSuite1> drawing(in, kAEGPMaskSuite, kAEGPMaskSuiteVersion1);
+  PF_EffectWorld matte{};
+  if (!worlds || !filling || !drawing || !path) return;
+  if (worlds->PF_NewWorld(in->effect_ref, 8, 6, 0, PF_PixelFormat_ARGB32, &matte) != PF_Err_NONE) return;
+  const PF_Pixel white{255, 255, 255, 255};
+  filling->fill(in->effect_ref, &white, nullptr, &matte);
+  drawing->PF_MaskWorldWithPath(in->effect_ref, &path, 2, 0, 0, 1, in->quality, &matte, nullptr);
+  worlds->PF_DisposeWorld(in->effect_ref, &matte);
+}
+
+void misusePaths(PF_InData* in, PF_PathID id) {
+  const Suite<PF_PathQuerySuite1> paths(in, kPFPathQuerySuite, kPFPathQuerySuiteVersion1);
+  PF_PathOutlinePtr path = nullptr;
+  if (!paths || paths->PF_CheckoutPath(in->effect_ref, id, in->current_time, in->time_step, in->time_scale, &path)) {
+    return;
+  }
+  drawPath(in, path);
+  if (does("PathNotCheckedIn")) return;
+  paths->PF_CheckinPath(in->effect_ref, id, 0, path);
+  if (does("PathCheckedInTwice")) paths->PF_CheckinPath(in->effect_ref, id, 0, path);
+}
+
+void misuseMasks(PF_InData* in) {
+  const Suite<AEGP_PFInterfaceSuite1> layers(in, kAEGPPFInterfaceSuite, kAEGPPFInterfaceSuiteVersion1);
+  const Suite<AEGP_MaskSuite5> masks(in, kAEGPLayerMaskSuite, kAEGPLayerMaskSuiteVersion6);
+  AEGP_LayerH layer = nullptr;
+  A_long count = 0;
+  AEGP_MaskRefH mask = nullptr;
+  AEGP_MaskIDVal id = 0;
+  if (!layers || !masks || layers->AEGP_GetEffectLayer(in->effect_ref, &layer)) return;
+  if (masks->AEGP_GetLayerNumMasks(layer, &count) || count < 1) return;
+  if (masks->AEGP_GetLayerMaskByIndex(layer, 0, &mask)) return;
+  const bool named = masks->AEGP_GetMaskID(mask, &id) == PF_Err_NONE;
+  misuseMaskStreams(in, masks, mask);
+  if (named) misusePaths(in, static_cast<PF_PathID>(id));
+}
+
 void misuseParameters(PF_InData* in) {
   PF_ParamDef definition{};
   if (does("WrongSelector")) in->inter.add_param(in->effect_ref, -1, &definition);
@@ -165,6 +225,7 @@ PF_Err about(PF_InData* in) {
   misuseHandles(in);
   misuseWorlds(in);
   misuseStreams(in);
+  misuseMasks(in);
   misuseParameters(in);
   misuseThreads(in);
   return PF_Err_NONE;
