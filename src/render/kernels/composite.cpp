@@ -62,53 +62,73 @@ HWY_INLINE PixelLanes compositePixels(const PixelLanes& input, const PixelLanes&
           L::select(input.a <= L::f(0), input.a, mode.a * input.a)};
 }
 
-HWY_INLINE PixelLanes loadInput(const uint8_t* pixels) { return loadBytes(pixels); }
-HWY_INLINE PixelLanes loadInput(const float* pixels) { return loadFloats(pixels); }
-
-template <class Mode, class Channel>
-void compositeRowAs(const Channel* input, double opacity, size_t count, float* pattern) {
-  constexpr size_t kN = L::kCount;
+// count is a whole number of vectors.
+template <class Mode>
+void compositeVectors(const float* input, double opacity, size_t count, float* pattern) {
   const L::D share = L::d(opacity), rest = L::d(1.0 - opacity);
-  size_t x = 0;
-  for (; x + kN <= count; x += kN) {
-    storeFloats(compositePixels<Mode>(loadInput(input + 4 * x), loadFloats(pattern + 4 * x), share, rest),
-                pattern + 4 * x);
-  }
-  if (const size_t left = count - x; left > 0) {
-    Channel lastInput[4 * kN] = {};
-    float lastPattern[4 * kN] = {};
-    std::copy_n(input + 4 * x, 4 * left, lastInput);
-    std::copy_n(pattern + 4 * x, 4 * left, lastPattern);
-    storeFloats(compositePixels<Mode>(loadInput(lastInput), loadFloats(lastPattern), share, rest), lastPattern);
-    std::copy_n(lastPattern, 4 * left, pattern + 4 * x);
+  for (size_t i = 0; i < 4 * count; i += 4 * L::kCount) {
+    storeFloats(compositePixels<Mode>(loadFloats(input + i), loadFloats(pattern + i), share, rest), pattern + i);
   }
 }
 
-template <class Channel>
-void compositeRowIn(const Channel* input, int32_t mode, double opacity, size_t count, float* pattern) {
+using CompositeVectors = void (*)(const float* input, double opacity, size_t count, float* pattern);
+
+CompositeVectors compositeFor(int32_t mode) {
   switch (static_cast<BlendMode>(mode)) {
-#define QUILTOR_MATTE(name, formula)                                                                             \
-  case BlendMode::name:                                                                                          \
-    return compositeRowAs<Matte<Formulas::formula, BlendMode::name == BlendMode::Normal>>(input, opacity, count, \
-                                                                                          pattern);
+#define QUILTOR_MATTE(name, formula) \
+  case BlendMode::name:              \
+    return compositeVectors<Matte<Formulas::formula, BlendMode::name == BlendMode::Normal>>;
 #define QUILTOR_MIX(name, formula) \
   case BlendMode::name:            \
-    return compositeRowAs<Mix<Formulas::formula>>(input, opacity, count, pattern);
+    return compositeVectors<Mix<Formulas::formula>>;
     QUILTOR_BLEND_MODES(QUILTOR_MATTE, QUILTOR_MIX)
 #undef QUILTOR_MATTE
 #undef QUILTOR_MIX
     case BlendMode::Count:
       break;
   }
-  compositeRowAs<Mix<Formulas::none>>(input, opacity, count, pattern);
+  return compositeVectors<Mix<Formulas::none>>;
+}
+
+// A block of a row that is not yet in whole vectors of floats; what lies beyond its end is zero.
+constexpr size_t kBlock = 16 * L::kCount;
+
+size_t wholeVectors(size_t count) { return (count + L::kCount - 1) / L::kCount * L::kCount; }
+
+void compositeBytes(CompositeVectors composite, const uint8_t* input, double opacity, size_t count, float* pattern) {
+  HWY_ALIGN uint8_t bytes[4 * kBlock];
+  HWY_ALIGN float floats[4 * kBlock];
+  HWY_ALIGN float result[4 * kBlock] = {};
+  for (size_t x = 0; x < count; x += kBlock) {
+    const size_t length = std::min(kBlock, count - x), whole = wholeVectors(length);
+    std::memset(bytes, 0, sizeof bytes);
+    std::memcpy(bytes, input + 4 * x, 4 * length);
+    for (size_t i = 0; i < 4 * whole; i += 4 * L::kCount) storeFloats(loadBytes(bytes + i), floats + i);
+    std::copy_n(pattern + 4 * x, 4 * length, result);
+    composite(floats, opacity, whole, result);
+    std::copy_n(result, 4 * length, pattern + 4 * x);
+  }
+}
+
+void compositeFloats(CompositeVectors composite, const float* input, double opacity, size_t count, float* pattern) {
+  const size_t whole = count / L::kCount * L::kCount, left = count - whole;
+  composite(input, opacity, whole, pattern);
+  if (left == 0) return;
+  HWY_ALIGN float lastInput[4 * L::kCount] = {};
+  HWY_ALIGN float lastPattern[4 * L::kCount] = {};
+  std::copy_n(input + 4 * whole, 4 * left, lastInput);
+  std::copy_n(pattern + 4 * whole, 4 * left, lastPattern);
+  composite(lastInput, opacity, L::kCount, lastPattern);
+  std::copy_n(lastPattern, 4 * left, pattern + 4 * whole);
 }
 
 void compositeRowKernel(const void* input, ChannelType inputType, int32_t mode, double opacity, size_t count,
                         float* pattern) {
+  const CompositeVectors composite = compositeFor(mode);
   if (inputType == ChannelType::Byte) {
-    compositeRowIn(static_cast<const uint8_t*>(input), mode, opacity, count, pattern);
+    compositeBytes(composite, static_cast<const uint8_t*>(input), opacity, count, pattern);
   } else {
-    compositeRowIn(static_cast<const float*>(input), mode, opacity, count, pattern);
+    compositeFloats(composite, static_cast<const float*>(input), opacity, count, pattern);
   }
 }
 

@@ -212,14 +212,12 @@ template <TileMode kMode, class Texels>
 void sampleRowAs(const PatternPixels& pattern, const SampleTransform& t, int32_t y, size_t count, float* out) {
   const Texels texels(pattern);
   const L::D steps = hn::Iota(L::dd, 0.0);
-  size_t x = 0;
-  for (; x + kN <= count; x += kN) {
-    storeFloats(samplePixels<kMode>(texels, pattern, t, steps + L::d(static_cast<double>(x)), y), out + 4 * x);
-  }
-  if (const size_t left = count - x; left > 0) {
-    float last[4 * kN];
-    storeFloats(samplePixels<kMode>(texels, pattern, t, steps + L::d(static_cast<double>(x)), y), last);
-    std::copy_n(last, 4 * left, out + 4 * x);
+  HWY_ALIGN float last[4 * kN];
+  for (size_t x = 0; x < count; x += kN) {
+    const bool whole = count - x >= kN;
+    const PixelLanes pixels = samplePixels<kMode>(texels, pattern, t, steps + L::d(static_cast<double>(x)), y);
+    storeFloats(pixels, whole ? out + 4 * x : last);
+    if (!whole) std::copy_n(last, 4 * (count - x), out + 4 * x);
   }
 }
 
