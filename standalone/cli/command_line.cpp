@@ -84,6 +84,10 @@ CLI::App* addRender(CLI::App& app, RenderOptions& render, SessionOptions& sessio
       ->type_name("FILE")
       ->excludes(pattern);
   command
+      ->add_option("--masks", render.masks,
+                   "The layer's masks: JSON, as README.md describes it; --set mask=ID then chooses one")
+      ->type_name("FILE");
+  command
       ->add_option("--set", render.assignments,
                    "Set a parameter, by its short or display name; `quiltor params` lists both")
       ->type_name("NAME=VALUE")

@@ -55,13 +55,14 @@ int findParameter(std::span<const Parameter> parameters, std::string_view name) 
                    (suggestion(name, known).empty() ? "; `quiltor params` lists them" : suggestion(name, known)));
 }
 
-Assignment parseAssignment(std::span<const Parameter> parameters, std::string_view text) {
+Assignment parseAssignment(std::span<const Parameter> parameters, std::string_view text,
+                           std::span<const int32_t> masks) {
   const auto equals = text.find('=');
   if (equals == std::string_view::npos) {
     throw UsageError("--set: \"" + std::string(text) + "\": expected NAME=VALUE, such as opacity=70%");
   }
   const int index = findParameter(parameters, text.substr(0, equals));
-  return {index, parseParameterValue(parameters[static_cast<std::size_t>(index)], text.substr(equals + 1))};
+  return {index, parseParameterValue(parameters[static_cast<std::size_t>(index)], text.substr(equals + 1), masks)};
 }
 
 }  // namespace quiltor::standalone

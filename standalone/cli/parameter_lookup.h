@@ -21,7 +21,8 @@ struct Assignment {
   ParameterValue value;
 };
 
-// Reads NAME=VALUE. Throws UsageError.
-[[nodiscard]] Assignment parseAssignment(std::span<const Parameter> parameters, std::string_view text);
+// Reads NAME=VALUE; `masks` are the identifiers of the layer's. Throws UsageError.
+[[nodiscard]] Assignment parseAssignment(std::span<const Parameter> parameters, std::string_view text,
+                                         std::span<const int32_t> masks = {});
 
 }  // namespace quiltor::standalone

@@ -105,9 +105,22 @@ PointValue parsePoint(const Parameter& parameter, std::string_view text) {
   reject(parameter, text, "a point such as 50%,50% of the layer or 960,540 in pixels");
 }
 
+ChosenMask parseMask(const Parameter& parameter, std::string_view text, std::span<const int32_t> masks) {
+  if (sameName(text, "none")) return {0};
+  const auto number = parseNumber(text);
+  std::string known;
+  for (const int32_t id : masks) {
+    if (number == static_cast<double>(id)) return {id};
+    known += (known.empty() ? "" : ", ") + std::to_string(id);
+  }
+  reject(parameter, text,
+         known.empty() ? "none; the masks that could be chosen are given with --masks FILE"
+                       : "none, or the id of a mask of the file: " + known);
+}
+
 }  // namespace
 
-ParameterValue parseParameterValue(const Parameter& parameter, std::string_view text) {
+ParameterValue parseParameterValue(const Parameter& parameter, std::string_view text, std::span<const int32_t> masks) {
   const PF_ParamDefUnion& u = parameter.definition.u;
   switch (parameter.definition.param_type) {
     case PF_Param_SLIDER:
@@ -130,7 +143,7 @@ ParameterValue parseParameterValue(const Parameter& parameter, std::string_view 
     case PF_Param_ARBITRARY_DATA:
       throw UsageError(parameter.name + ": is the effect's own control; give its picture with --pattern FILE");
     case PF_Param_PATH:
-      throw UsageError(parameter.name + ": chooses one of the layer's masks, and a picture has none");
+      return parseMask(parameter, text, masks);
     default:
       throw UsageError(parameter.name + ": has no value that could be set");
   }

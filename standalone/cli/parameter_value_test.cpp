@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/quiltor_parameters_testonly.h"
@@ -120,6 +121,25 @@ TEST(ParameterValue, rejectsPointsOfMixedOrMissingParts) {
     EXPECT_EQ(rejection(offset, text), "Offset: \"" + std::string(text) +
                                            "\": expected a point such as 50%,50% of the layer or 960,540 in pixels");
   }
+}
+
+TEST(ParameterValue, readsOneOfTheMasksByItsIdentifier) {
+  const Parameter mask = makeParameter(PF_Param_PATH, "Mask");
+  const std::vector<int32_t> masks{7, 2};
+  EXPECT_EQ(std::get<ChosenMask>(parseParameterValue(mask, "2", masks)).id, 2);
+  EXPECT_EQ(std::get<ChosenMask>(parseParameterValue(mask, "None", masks)).id, 0);
+  EXPECT_EQ(std::get<ChosenMask>(parseParameterValue(mask, "none")).id, 0);
+  for (const char* text : {"0", "1", "2.5", "many", ""}) {
+    try {
+      static_cast<void>(parseParameterValue(mask, text, masks));
+      ADD_FAILURE() << text;
+    } catch (const UsageError& error) {
+      EXPECT_EQ(error.what(),
+                "Mask: \"" + std::string(text) + "\": expected none, or the id of a mask of the file: 7, 2");
+    }
+  }
+  EXPECT_EQ(rejection(mask, "2"),
+            "Mask: \"2\": expected none; the masks that could be chosen are given with --masks FILE");
 }
 
 TEST(ParameterValue, saysHowPicturesAreGivenInstead) {

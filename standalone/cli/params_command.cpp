@@ -62,7 +62,7 @@ std::array<std::string, 3> describeValue(const Parameter& parameter) {
     case PF_Param_ARBITRARY_DATA:
       return {"control", "-", "--pattern FILE"};
     case PF_Param_PATH:
-      return {"mask", "none", "the layer's masks"};
+      return {"mask", "none", "none, or the id of a mask of --masks FILE"};
     case PF_Param_BUTTON:
       return {"button", "-", parameter.text};
     case PF_Param_GROUP_START:

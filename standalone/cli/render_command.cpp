@@ -6,6 +6,7 @@
 
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/flat_sequence.h"
+#include "standalone/cli/mask_file.h"
 #include "standalone/cli/near_miss.h"
 #include "standalone/cli/parameter_lookup.h"
 #include "standalone/cli/pattern_file.h"
@@ -26,6 +27,7 @@ HostOptions hostOptions(const RenderOptions& options, const World& input) {
   std::tie(host.transform.anchorX, host.transform.anchorY) = options.anchor.value_or(centre);
   std::tie(host.transform.scaleX, host.transform.scaleY) = options.scale.value_or(std::pair(100.0, 100.0));
   host.transform.rotation = options.rotation;
+  if (!options.masks.empty()) host.masks = readMasks(options.masks);
   return host;
 }
 
@@ -46,6 +48,7 @@ struct Apply {
   void operator()(double number) const { instance.setNumber(index, number); }
   void operator()(bool on) const { instance.setChecked(index, on); }
   void operator()(ChosenItem chosen) const { instance.setChoice(index, chosen.item); }
+  void operator()(ChosenMask mask) const { instance.setPath(index, static_cast<PF_PathID>(mask.id)); }
   void operator()(const PF_Pixel& color) const { instance.setColor(index, color); }
   void operator()(const PointValue& point) const {
     if (point.percent) {
@@ -86,8 +89,12 @@ RenderResult renderFrame(const Effect& effect, Instance& instance, const RenderO
 World renderWith(Effect& effect, const RenderOptions& options, const World& input, const PatternFile* pattern,
                  const World* patternLayer) {
   const std::vector<Parameter>& parameters = effect.parameters();
+  std::vector<int32_t> masks;
+  for (const Mask& mask : effect.host().options().masks) masks.push_back(mask.id);
   std::vector<Assignment> assignments;
-  for (const std::string& text : options.assignments) assignments.push_back(parseAssignment(parameters, text));
+  for (const std::string& text : options.assignments) {
+    assignments.push_back(parseAssignment(parameters, text, masks));
+  }
 
   std::vector<unsigned char> saved;
   if (pattern) saved = savedWithPattern(effect, pattern->path());

@@ -18,6 +18,7 @@ struct RenderOptions {
   std::filesystem::path output;
   std::string pattern;                 // as typed; empty: none
   std::filesystem::path patternLayer;  // empty: none
+  std::filesystem::path masks;         // empty: none
   std::vector<std::string> assignments;
   WorldFormat format = WorldFormat::Argb8;
   int downsample = 1;

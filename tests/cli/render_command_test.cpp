@@ -51,6 +51,21 @@ class RenderCommandTest : public CommandLineTest {
     EXPECT_EQ(pixel.b, 0);
   }
 
+  // A file with the left half of the layer as mask 1 and the same, inverted, as mask 5.
+  std::string masks() const {
+    const std::string file = folder.path("masks.json");
+    const std::string half = R"("vertices": [{"at": [0, 0]}, {"at": [6, 0]}, {"at": [6, 8]}, {"at": [0, 8]}])";
+    std::ofstream(file) << R"({"masks": [{"id": 1, )" + half + R"(}, {"id": 5, "inverted": true, )" + half + "}]}";
+    return file;
+  }
+  // How much is left of the picture to the left and to the right of the masks' edge.
+  void expectAlpha(double left, double right) const {
+    const World picture = readPicture(output, WorldFormat::Argb8);
+    for (int x = 0; x < picture.width(); ++x) {
+      EXPECT_EQ(picture.at(x, 3).a, x < picture.width() / 2 ? left : right) << x;
+    }
+  }
+
   const std::string layer = folder.path("layer.png");
   const std::string red = folder.path("red.png");
   const std::string output = folder.path("out.png");
@@ -187,6 +202,37 @@ TEST_F(RenderCommandTest, leavesAnOlderOutputWholeWhenItFails) {
   std::string contents;
   file >> contents;
   EXPECT_EQ(contents, "older");
+}
+
+TEST_F(RenderCommandTest, limitsThePatternToTheChosenMask) {
+  ASSERT_EQ(render({"--masks", masks(), "--set", "Mask=1"}).err, "");
+  expectAlpha(1, 0);
+  ASSERT_EQ(render({"--masks", masks(), "--set", "mask=5"}).err, "");
+  expectAlpha(0, 1);
+  ASSERT_EQ(render({"--masks", masks(), "--set", "mask=5", "--depth", "16", "--classic"}).err, "");
+  expectAlpha(0, 1);
+}
+
+TEST_F(RenderCommandTest, limitsNothingWithoutAChosenMask) {
+  ASSERT_EQ(render({"--masks", masks()}).err, "");
+  expectAlpha(1, 1);
+  ASSERT_EQ(render({"--masks", masks(), "--set", "mask=1", "--set", "mask=none"}).err, "");
+  expectAlpha(1, 1);
+}
+
+TEST_F(RenderCommandTest, scalesTheMaskWithTheFrame) {
+  ASSERT_EQ(render({"--masks", masks(), "--set", "mask=1", "--downsample", "2"}).err, "");
+  ASSERT_EQ(readPicture(output, WorldFormat::Argb8).width(), 6);
+  expectAlpha(1, 0);
+}
+
+TEST_F(RenderCommandTest, refusesMasksThatAreNotThere) {
+  expectFailure({"--masks", masks(), "--set", "mask=2"}, 2,
+                "Mask: \"2\": expected none, or the id of a mask of the file: 1, 5");
+  expectFailure({"--set", "mask=1"}, 2, "--masks FILE");
+  expectFailure({"--masks", folder.path("none.json")}, 1, folder.path("none.json"));
+  std::ofstream(folder.path("bad.json")) << R"({"masks": [{"id": 1}]})";
+  expectFailure({"--masks", folder.path("bad.json")}, 1, "bad.json: masks[0].vertices: is missing, expected");
 }
 
 }  // namespace
