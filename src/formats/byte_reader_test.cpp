@@ -59,6 +59,10 @@ TEST_F(ByteReaderTest, EveryPositionHasItsByteInAnyOrder) {
   ByteReader in(open(bytes));
   for (size_t turn = 0, at = 0; turn < 20000; ++turn, at = (at * 5 + 7919 * turn) % 99000) {
     in.seek(static_cast<int64_t>(at));
+    uint8_t one = 0;
+    ASSERT_TRUE(in.read(one));
+    ASSERT_EQ(one, bytes[at]);
+    in.seek(static_cast<int64_t>(at));
     Bytes some(1 + turn % 900);
     ASSERT_TRUE(in.read(some));
     ASSERT_TRUE(std::equal(some.begin(), some.end(), bytes.begin() + static_cast<std::ptrdiff_t>(at))) << at;

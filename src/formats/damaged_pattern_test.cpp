@@ -242,6 +242,7 @@ TEST_F(DamagedPattern, CannotAskForMemoryThatItsDataDoesNotFill) {
                               {.compression = 1, .data = Bytes{0, 0}},
                               {.compression = 1, .data = Bytes{0, 1, 128}},
                               {.compression = 1, .data = Bytes{0, 2, 129, 5}},
+                              {.compression = 1, .rectangle = TestRectangle{.bottom = 0x7FFFFFFF}, .data = Bytes{0, 0}},
                               {.data = Bytes{}}};
   for (const TestPlane& some : planes) {
     for (const uint32_t width : {20000u, 1u << 20, 1u << 28}) {

@@ -7,49 +7,47 @@
 namespace quiltor {
 namespace {
 
-constexpr const char* kCutOff = "the file ends inside a plane";
-constexpr const char* kTooMuch = "a compressed plane holds more than its rectangle";
-
 // Runs of PackBits. The memory grows with what is decoded, so that a large rectangle alone costs nothing.
 class RunLengthDecoder {
  public:
   RunLengthDecoder(ByteReader& in, PatternPlane& plane) : in_(in), plane_(plane) {}
 
-  const char* decode(int64_t rowCount) {
+  PlaneOutcome decode(int64_t rowCount) {
     if (rowCount * 2 > in_.left()) {
       in_.seek(in_.size());
-      return kCutOff;
+      return PlaneOutcome::CutOff;
     }
     std::vector<uint16_t> rowBytes(static_cast<size_t>(rowCount));
     for (uint16_t& count : rowBytes) {
-      if (!in_.read(count)) return kCutOff;
+      if (!in_.read(count)) return PlaneOutcome::CutOff;
     }
     for (const uint16_t count : rowBytes) {
-      if (const char* problem = decodeRow(count)) return problem;
+      if (const auto outcome = decodeRow(count); outcome != PlaneOutcome::Read) return outcome;
     }
-    return nullptr;
+    return PlaneOutcome::Read;
   }
 
  private:
   // Deliberate: a run may use more bytes than its row still has; the next row begins after it.
-  const char* decodeRow(int64_t bytesLeft) {
+  PlaneOutcome decodeRow(int64_t bytesLeft) {
     while (bytesLeft > 0) {
       uint8_t header = 0;
-      if (!in_.read(header)) return kCutOff;
+      if (!in_.read(header)) return PlaneOutcome::CutOff;
       --bytesLeft;
       const bool isRepeat = header > 128;
       if (header == 128) continue;
       const size_t length = isRepeat ? 257u - header : header + 1u;
       const size_t used = isRepeat ? 1 : length;
       const size_t end = plane_.bytes.size();
-      if (static_cast<int64_t>(length) > plane_.byteCount - static_cast<int64_t>(end)) return kTooMuch;
+      if (static_cast<int64_t>(length) > plane_.byteCount - static_cast<int64_t>(end))
+        return PlaneOutcome::HoldsTooMuch;
       uint8_t value = 0;
-      if (isRepeat && !in_.read(value)) return kCutOff;
+      if (isRepeat && !in_.read(value)) return PlaneOutcome::CutOff;
       plane_.bytes.resize(end + length, value);
-      if (!isRepeat && !in_.read(std::span(plane_.bytes).subspan(end))) return kCutOff;
+      if (!isRepeat && !in_.read(std::span(plane_.bytes).subspan(end))) return PlaneOutcome::CutOff;
       bytesLeft -= static_cast<int64_t>(used);
     }
-    return nullptr;
+    return PlaneOutcome::Read;
   }
 
   ByteReader& in_;
@@ -57,6 +55,10 @@ class RunLengthDecoder {
 };
 
 }  // namespace
+
+void PatternPlane::copyTo(std::vector<uint8_t>& pixels, size_t channel) const {
+  for (size_t from = 0, to = channel; from < bytes.size(); from += bytesPerSample(), to += 4) pixels[to] = bytes[from];
+}
 
 bool readRectangle(ByteReader& in, PatternRectangle& rectangle) {
   return in.read(rectangle.top) && in.read(rectangle.left) && in.read(rectangle.bottom) && in.read(rectangle.right);
@@ -70,24 +72,24 @@ std::optional<PatternSize> sizeOf(const PatternRectangle& rectangle) {
   return size;
 }
 
-const char* readPlaneHeader(ByteReader& in, int64_t mostSamples, PatternPlane& plane) {
+PlaneOutcome readPlaneHeader(ByteReader& in, int64_t mostSamples, PatternPlane& plane) {
   uint32_t written = 0;
   uint32_t length = 0;
   uint32_t depth = 0;
   // The first three are not acted upon: the data's own depth follows, and its size follows from the rectangle.
   if (!in.read(written) || !in.read(length) || !in.read(depth) || !readRectangle(in, plane.rectangle) ||
       !in.read(plane.depth) || !in.read(plane.compression)) {
-    return kCutOff;
+    return PlaneOutcome::CutOff;
   }
-  if (plane.depth != 8 && plane.depth != 16) return "a plane has a depth other than 8 and 16 bits";
+  if (plane.depth != 8 && plane.depth != 16) return PlaneOutcome::WrongDepth;
   const auto size = sizeOf(plane.rectangle);
-  if (!size) return "a plane has an impossible rectangle";
-  if (size->area() > mostSamples) return "a plane is larger than its pattern";
+  if (!size) return PlaneOutcome::ImpossibleRectangle;
+  if (size->area() > mostSamples) return PlaneOutcome::LargerThanPattern;
   plane.byteCount = size->area() * static_cast<int64_t>(plane.bytesPerSample());
-  return nullptr;
+  return PlaneOutcome::Read;
 }
 
-const char* readPlaneData(ByteReader& in, PatternPlane& plane) {
+PlaneOutcome readPlaneData(ByteReader& in, PatternPlane& plane) {
   plane.bytes.clear();
   if (plane.compression != 0) {
     const int64_t rows = int64_t{plane.rectangle.bottom} - plane.rectangle.top;
@@ -95,10 +97,28 @@ const char* readPlaneData(ByteReader& in, PatternPlane& plane) {
   }
   if (plane.byteCount > in.left()) {
     in.seek(in.size());
-    return kCutOff;
+    return PlaneOutcome::CutOff;
   }
   plane.bytes.resize(static_cast<size_t>(plane.byteCount));
-  return in.read(plane.bytes) ? nullptr : kCutOff;
+  return in.read(plane.bytes) ? PlaneOutcome::Read : PlaneOutcome::CutOff;
+}
+
+const char* reasonOf(PlaneOutcome outcome) {
+  switch (outcome) {
+    case PlaneOutcome::Read:
+      return nullptr;
+    case PlaneOutcome::CutOff:
+      return "the file ends inside a plane";
+    case PlaneOutcome::WrongDepth:
+      return "a plane has a depth other than 8 and 16 bits";
+    case PlaneOutcome::ImpossibleRectangle:
+      return "a plane has an impossible rectangle";
+    case PlaneOutcome::LargerThanPattern:
+      return "a plane is larger than its pattern";
+    case PlaneOutcome::HoldsTooMuch:
+      return "a compressed plane holds more than its rectangle";
+  }
+  return nullptr;
 }
 
 }  // namespace quiltor

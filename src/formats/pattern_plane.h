@@ -44,14 +44,17 @@ struct PatternPlane {
 
   bool isComplete() const { return static_cast<int64_t>(bytes.size()) == byteCount; }
   size_t bytesPerSample() const { return depth / 8u; }
-  // The high byte of every sample that is there.
-  size_t sampleCount() const { return (bytes.size() + bytesPerSample() - 1) / bytesPerSample(); }
-  uint8_t sample(size_t index) const { return bytes[index * bytesPerSample()]; }
+  // The high byte of every sample that is there, into one channel of pixels of four.
+  void copyTo(std::vector<uint8_t>& pixels, size_t channel) const;
 };
 
-// Null when it was read, else the reason why not; the reader then stands where it stopped. A plane of more than
-// mostSamples is refused before its data.
-[[nodiscard]] const char* readPlaneHeader(ByteReader& in, int64_t mostSamples, PatternPlane& plane);
-[[nodiscard]] const char* readPlaneData(ByteReader& in, PatternPlane& plane);
+enum class PlaneOutcome { Read, CutOff, WrongDepth, ImpossibleRectangle, LargerThanPattern, HoldsTooMuch };
+
+// The reader is left where the reading stopped. A plane of more than mostSamples is refused before its data.
+[[nodiscard]] PlaneOutcome readPlaneHeader(ByteReader& in, int64_t mostSamples, PatternPlane& plane);
+[[nodiscard]] PlaneOutcome readPlaneData(ByteReader& in, PatternPlane& plane);
+
+// For the user; null for a plane that was read.
+const char* reasonOf(PlaneOutcome outcome);
 
 }  // namespace quiltor

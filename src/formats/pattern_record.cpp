@@ -40,8 +40,8 @@ bool readTransparency(ByteReader& in, int64_t start, int64_t listEnd, PatternPla
                       const PatternRectangle& rectangle, int64_t area) {
   if (start + PatternPlane::kHeaderBytes >= listEnd) return false;
   in.seek(start);
-  if (readPlaneHeader(in, area, plane) || plane.rectangle != rectangle) return false;
-  return !readPlaneData(in, plane) && plane.isComplete();
+  if (readPlaneHeader(in, area, plane) != PlaneOutcome::Read || plane.rectangle != rectangle) return false;
+  return readPlaneData(in, plane) == PlaneOutcome::Read && plane.isComplete();
 }
 
 // One record, in the order of its fields.
@@ -98,20 +98,22 @@ class RecordReader {
 
   size_t channels() const { return mode_ == kGrey || mode_ == kIndexed ? 1 : 3; }
 
-  // Deliberate: a plane that cannot be read leaves the reader inside the list, and the next pattern is looked for
-  // there.
   const char* readColours() {
     PatternPlane plane;
     for (size_t channel = 0; channel < channels(); ++channel) {
       const int64_t start = in_.position();
-      if (const char* problem = readPlaneHeader(in_, area_, plane)) return problem;
-      if (const char* problem = readPlaneData(in_, plane)) return problem;
+      PlaneOutcome outcome = readPlaneHeader(in_, area_, plane);
+      if (outcome == PlaneOutcome::Read) outcome = readPlaneData(in_, plane);
+      // Deliberate: a depth that is not converted leaves the reader inside the list, and the next pattern is looked for
+      // there.
+      if (outcome == PlaneOutcome::CutOff || outcome == PlaneOutcome::WrongDepth) return reasonOf(outcome);
+      if (outcome != PlaneOutcome::Read) return skip(reasonOf(outcome));
       if (channel == 0) {
         // Deliberate: a plane may be smaller than its pattern, whose memory the file has to justify all the same.
         if (area_ / kBestRatio > in_.position() - start) return skip("its planes hold too little for its size");
         pattern_.pixels.assign(static_cast<size_t>(area_) * 4, 0);
       }
-      for (size_t i = 0; i < plane.sampleCount(); ++i) pattern_.pixels[i * 4 + channel] = plane.sample(i);
+      plane.copyTo(pattern_.pixels, channel);
     }
     finishColours();
     return nullptr;
@@ -138,7 +140,7 @@ class RecordReader {
     // A list has 24 arrays for colours and one for a user's mask before its transparency; those that are not used are
     // four bytes long. 22 of them stand between three colours and the transparency, 24 after a single colour.
     if (!readAfter(88) && (channels() > 1 || !readAfter(96))) return;
-    for (size_t i = 0; i < plane.sampleCount(); ++i) pattern_.pixels[i * 4 + 3] = plane.sample(i);
+    plane.copyTo(pattern_.pixels, 3);
   }
 
   ByteReader& in_;
