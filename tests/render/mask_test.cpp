@@ -1,0 +1,195 @@
+// Frames that are limited to one of the layer's masks.
+#include <gmock/gmock.h>
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "tests/render/hand_case.h"
+#include "tests/render/render_test.h"
+
+namespace quiltor::render_tests {
+namespace {
+
+using standalone::HostCall;
+using standalone::Instance;
+using standalone::Mask;
+using standalone::RenderResult;
+
+constexpr int kMask = 15;
+constexpr Rgba kInput{0.2, 0.4, 0.6, 1}, kPattern{1, 0, 0.8, 1};
+
+Mask rectangle(int id, double left, double top, double right, double bottom) {
+  return {.id = id, .vertices = {{left, top}, {right, top}, {right, bottom}, {left, bottom}}};
+}
+
+class MaskRender : public RenderTest {
+ protected:
+  // The pattern covers the input everywhere.
+  RenderResult render(int mask, World& input, std::optional<PF_LRect> request = {}) {
+    const World pattern = filled(4, 4, kPattern, input.format());
+    Instance instance(effect);
+    EXPECT_TRUE(instance.setUp().succeeded());
+    instance.setChoice(kSource, 1);
+    instance.setLayer(kPatternLayer, &pattern);
+    instance.setPath(kMask, static_cast<PF_PathID>(mask));
+    return instance.renderSmart({.input = &input, .request = request});
+  }
+
+  World masked(int mask, int width, int height, WorldFormat format = WorldFormat::Argb8) {
+    World input = filled(width, height, kInput, format);
+    RenderResult result = render(mask, input);
+    EXPECT_EQ(result.code, PF_Err_NONE);
+    EXPECT_EQ(result.message, "");
+    return result.output ? std::move(*result.output) : filled(width, height, {}, format);
+  }
+
+  static void expectDrawn(const World& picture, int x, int y) {
+    EXPECT_NEAR(picture.at(x, y).r, kPattern.r, 0.002) << x << " " << y;
+    EXPECT_NEAR(picture.at(x, y).g, kPattern.g, 0.002) << x << " " << y;
+    EXPECT_NEAR(picture.at(x, y).a, 1, 0.002) << x << " " << y;
+  }
+  static void expectLeftOut(const World& picture, int x, int y) {
+    EXPECT_NEAR(picture.at(x, y).r, kInput.r, 0.002) << x << " " << y;
+    EXPECT_NEAR(picture.at(x, y).b, kInput.b, 0.002) << x << " " << y;
+    EXPECT_EQ(picture.at(x, y).a, 0) << x << " " << y;
+  }
+  static bool isWholeAt(const World& picture, int x, int y) { return picture.at(x, y).a > 0.99; }
+};
+
+TEST_F(MaskRender, ShowsThePatternInsideAndTheInputsColourWithoutAlphaOutside) {
+  host.options().masks = {rectangle(3, 2, 1, 6, 4)};
+  for (const WorldFormat format : {WorldFormat::Argb8, WorldFormat::Argb16, WorldFormat::ArgbFloat}) {
+    const World picture = masked(3, 8, 6, format);
+    for (int y = 0; y < 6; ++y) {
+      for (int x = 0; x < 8; ++x) {
+        const bool inside = x >= 2 && x < 6 && y >= 1 && y < 4;
+        inside ? expectDrawn(picture, x, y) : expectLeftOut(picture, x, y);
+      }
+    }
+  }
+}
+
+TEST_F(MaskRender, ShowsThePatternOutsideAnInvertedMask) {
+  Mask mask = rectangle(1, 0, 0, 4, 6);
+  mask.inverted = true;
+  host.options().masks = {mask};
+  const World picture = masked(1, 8, 6);
+  expectLeftOut(picture, 3, 3);
+  expectDrawn(picture, 4, 3);
+}
+
+TEST_F(MaskRender, IsNotLimitedWhenNoMaskIsChosen) {
+  host.options().masks = {rectangle(1, 0, 0, 2, 2)};
+  const World picture = masked(0, 8, 6);
+  expectDrawn(picture, 7, 5);
+  EXPECT_EQ(host.faults().count(HostCall::Mask), 0u);
+}
+
+TEST_F(MaskRender, IsNotLimitedByAMaskThatIsGone) {
+  host.options().masks = {rectangle(1, 0, 0, 2, 2), rectangle(2, 0, 0, 2, 2)};
+  expectDrawn(masked(7, 8, 6), 7, 5);
+}
+
+TEST_F(MaskRender, IsNotLimitedByAMaskWithoutAPath) {
+  host.options().masks = {{.id = 4}};
+  expectDrawn(masked(4, 8, 6), 7, 5);
+}
+
+TEST_F(MaskRender, FindsTheMaskByItsIdentifierAmongOthers) {
+  host.options().masks = {rectangle(9, 0, 0, 8, 6), rectangle(5, 0, 0, 4, 6), rectangle(2, 4, 0, 8, 6)};
+  const World picture = masked(5, 8, 6);
+  expectDrawn(picture, 3, 5);
+  expectLeftOut(picture, 4, 5);
+}
+
+TEST_F(MaskRender, HasHardEdgesWithoutFeatherAndSoftOnesWithIt) {
+  host.options().masks = {rectangle(1, 0, 0, 16, 8)};
+  const World hard = masked(1, 32, 8, WorldFormat::ArgbFloat);
+  EXPECT_EQ(hard.at(15, 4).a, 1);
+  EXPECT_EQ(hard.at(16, 4).a, 0);
+  host.options().masks[0].featherX = 8;
+  const World soft = masked(1, 32, 8, WorldFormat::ArgbFloat);
+  for (int x = 13; x < 19; ++x) EXPECT_GT(soft.at(x, 4).a, soft.at(x + 1, 4).a) << x;
+  EXPECT_NEAR(soft.at(15, 4).a + soft.at(16, 4).a, 1, 0.02);
+}
+
+TEST_F(MaskRender, HalvesTheFeatherAtHalfTheResolution) {
+  host.options().masks = {rectangle(1, -50, -50, 16, 60)};
+  host.options().masks[0].featherX = 5;
+  const World small = masked(1, 32, 8, WorldFormat::ArgbFloat);
+  host.options().masks = {rectangle(1, -100, -100, 32, 120)};
+  host.options().masks[0].featherX = 10;
+  host.options().downsampleX = host.options().downsampleY = {1, 2};
+  const World half = masked(1, 32, 8, WorldFormat::ArgbFloat);
+  EXPECT_EQ(half.packed(), small.packed());
+}
+
+// Deliberate: the part's place inside the layer is scaled by the resolution in 8 bits and not in deeper worlds.
+TEST_F(MaskRender, PlacesTheMatteOfAPartByTheResolutionInEightBitsOnly) {
+  host.options().masks = {rectangle(1, 0, 0, 12, 100)};
+  host.options().downsampleX = host.options().downsampleY = {1, 2};
+  const PF_LRect part{4, 4, 12, 12};
+  for (const auto& [format, inside] :
+       {std::pair{WorldFormat::Argb8, 4}, {WorldFormat::Argb16, 2}, {WorldFormat::ArgbFloat, 2}}) {
+    World input = filled(16, 16, kInput, format);
+    const RenderResult result = render(1, input, part);
+    ASSERT_TRUE(result.output.has_value());
+    ASSERT_EQ(result.output->width(), 8);
+    for (int x = 0; x < 8; ++x) EXPECT_EQ(isWholeAt(*result.output, x, 2), x < inside) << x;
+  }
+}
+
+TEST_F(MaskRender, ShowsAMessageAndDrawsUnlimitedWithoutTheSuiteThatDrawsPaths) {
+  host.options().masks = {rectangle(1, 0, 0, 2, 2)};
+  host.options().suitesNotOffered = {{"AEGP Mask Suite", 1}};
+  World input = filled(8, 6, kInput, WorldFormat::Argb8);
+  const RenderResult result = render(1, input);
+  EXPECT_EQ(result.code, PF_Err_NONE);
+  EXPECT_EQ(result.message, "Error loading suite");
+  ASSERT_TRUE(result.output.has_value());
+  expectDrawn(*result.output, 7, 5);
+}
+
+TEST_F(MaskRender, Answers516WithoutAnyOtherSuiteThatMasksNeed) {
+  host.options().masks = {rectangle(1, 0, 0, 2, 2)};
+  World input = filled(8, 6, kInput, WorldFormat::Argb8);
+  for (const auto& suite : std::vector<std::pair<std::string, int>>{{"AEGP Layer Mask Suite", 6},
+                                                                    {"PF Path Query Suite", 1},
+                                                                    {"PF Path Data Suite", 1},
+                                                                    {"AEGP Stream Suite", 9},
+                                                                    {"PF Fill Matte Suite", 2}}) {
+    host.options().suitesNotOffered = {suite};
+    EXPECT_EQ(render(1, input).code, 516) << suite.first;
+    EXPECT_EQ(render(0, input).code, PF_Err_NONE) << suite.first;
+  }
+}
+
+// The host's failures while the mask is read leave the frame unlimited; whatever fails, everything is given back.
+TEST_F(MaskRender, GivesEverythingBackWhicheverMaskCallFails) {
+  host.options().masks = {rectangle(8, 0, 0, 2, 2), rectangle(1, 0, 0, 4, 6)};
+  World input = filled(8, 6, kInput, WorldFormat::Argb8);
+  size_t failed = 0;
+  for (const HostCall call :
+       {HostCall::Mask, HostCall::DisposeMask, HostCall::Path, HostCall::CheckinPath, HostCall::DrawPath,
+        HostCall::Fill, HostCall::NewWorld, HostCall::Stream, HostCall::StreamValue}) {
+    for (size_t k = 0;; ++k) {
+      host.faults().failAt(call, k);
+      const RenderResult result = render(1, input);
+      const bool struck = host.faults().struck();
+      host.faults().failNever();
+      ASSERT_EQ(host.findings().text(), "");
+      if (!struck) break;
+      ++failed;
+      EXPECT_THAT(result.code, testing::AnyOf(PF_Err_NONE, PF_Err_BAD_CALLBACK_PARAM, PF_Err_OUT_OF_MEMORY));
+      const RenderResult again = render(1, input);
+      ASSERT_TRUE(again.output.has_value());
+      expectDrawn(*again.output, 3, 3);
+      expectLeftOut(*again.output, 4, 3);
+    }
+  }
+  EXPECT_GE(failed, 15u);
+}
+
+}  // namespace
+}  // namespace quiltor::render_tests
