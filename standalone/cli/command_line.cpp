@@ -4,12 +4,14 @@
 #include <algorithm>
 #include <exception>
 #include <new>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "standalone/cli/about_command.h"
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/convert_command.h"
+#include "standalone/cli/library_command.h"
 #include "standalone/cli/near_miss.h"
 #include "standalone/cli/number_text.h"
 #include "standalone/cli/params_command.h"
@@ -128,21 +130,96 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& convert) {
   return command;
 }
 
+struct LibraryCommands {
+  LibraryScanOptions scan;
+  LibrarySheetOptions sheet;
+  CLI::App* library = nullptr;
+  CLI::App* listCommand = nullptr;
+  CLI::App* scanCommand = nullptr;
+  CLI::App* convertCommand = nullptr;
+  CLI::App* sheetCommand = nullptr;
+};
+
+struct Side {
+  const char* option;
+  const char* text;
+};
+
+// Two options of which one may be given.
+void addSwitch(CLI::App& command, std::optional<bool>& value, const Side& on, const Side& off) {
+  CLI::Option* const yes = command.add_flag_callback(
+      on.option, [&value] { value = true; }, on.text);
+  command
+      .add_flag_callback(
+          off.option, [&value] { value = false; }, off.text)
+      ->excludes(yes);
+}
+
+void addLibraryScan(CLI::App& library, LibraryCommands& commands) {
+  CLI::App* const command = library.add_subcommand("scan", "Write the list of the libraries below some folders");
+  commands.scanCommand = command;
+  command->add_option("FOLDER", commands.scan.folders, "Up to four folders; those of the settings without any")
+      ->type_name("");
+  addSwitch(*command, commands.scan.flatten, {"--flatten", "List only the folders directly below, with all below them"},
+            {"--no-flatten", "List every folder below"});
+  addSwitch(*command, commands.scan.cloud, {"--cloud", "List the libraries of the cloud too"},
+            {"--no-cloud", "List no library of the cloud"});
+  addSwitch(*command, commands.scan.allUsers, {"--all-users", "Write the list of all users; removes one's own"},
+            {"--this-user", "Write the list of this user"});
+  command->footer(
+      "Without these options all stays as in the settings.\n\nExample:\n  quiltor library scan ~/Textures ~/Patterns");
+}
+
+void addLibrary(CLI::App& app, LibraryCommands& commands) {
+  commands.library = app.add_subcommand("library", "List, convert and show the libraries of the gallery");
+  commands.library->footer("Example:\n  quiltor library scan ~/Textures");
+  commands.listCommand = commands.library->add_subcommand("list", "List the libraries and count their pictures");
+  commands.listCommand->footer("Example:\n  quiltor library list");
+  addLibraryScan(*commands.library, commands);
+  commands.convertCommand =
+      commands.library->add_subcommand("convert", "Make the pictures of patterns and the thumbnails that are missing");
+  commands.convertCommand->footer("Example:\n  quiltor library convert");
+  CLI::App* const sheet =
+      commands.library->add_subcommand("sheet", "Draw a contact sheet of a library's thumbnails and their names");
+  commands.sheetCommand = sheet;
+  sheet->add_option("NAME", commands.sheet.library, "The library; `quiltor library list` names them")
+      ->required()
+      ->type_name("");
+  sheet->add_option("-o,--output", commands.sheet.output, "The picture to write: PNG")->required()->type_name("FILE");
+  sheet->footer("Example:\n  quiltor library sheet Textures -o sheet.png");
+}
+
+bool runLibrary(const LibraryCommands& commands, const Console& console) {
+  if (*commands.listCommand) {
+    runLibraryList(console);
+  } else if (*commands.scanCommand) {
+    runLibraryScan(commands.scan, console);
+  } else if (*commands.convertCommand) {
+    return runLibraryConvert(console);
+  } else if (*commands.sheetCommand) {
+    runLibrarySheet(commands.sheet, console);
+  } else {
+    throw UsageError("expected library list, scan, convert or sheet; --help explains them");
+  }
+  return true;
+}
+
 // What was typed and is known to no command, with the nearest that is.
 std::string describeUnknown(const CLI::App& app) {
-  const auto chosen = app.get_subcommands();
+  const CLI::App* chosen = &app;
+  while (!chosen->get_subcommands().empty()) chosen = chosen->get_subcommands().front();
   std::vector<std::string> known;
-  if (chosen.empty()) {
-    for (const CLI::App* command : app.get_subcommands({})) known.push_back(command->get_name());
-  } else {
-    for (const CLI::Option* option : chosen.front()->get_options()) known.push_back(option->get_name());
+  for (const CLI::App* command : chosen->get_subcommands({})) known.push_back(command->get_name());
+  const bool choosesCommand = !known.empty();
+  if (!choosesCommand) {
+    for (const CLI::Option* option : chosen->get_options()) known.push_back(option->get_name());
   }
   const std::vector<std::string> extra = app.remaining(true);
   const std::string typed = extra.empty() ? "" : extra.front();
-  if (!chosen.empty() && typed.find('-') != 0)
+  if (!choosesCommand && typed.find('-') != 0)
     return "\"" + typed + "\": one argument too many; --help tells what is expected";
   const std::string near = suggestion(typed, known);
-  return "\"" + typed + "\": no such " + (chosen.empty() ? "command" : "option") +
+  return "\"" + typed + "\": no such " + (choosesCommand ? "command" : "option") +
          (near.empty() ? "; --help lists them" : near);
 }
 
@@ -161,6 +238,8 @@ int parseAndRun(int argc, const char* const* argv, const Console& console) {
   app.footer("Example:\n  quiltor render samples/layer.png -o out.png --pattern samples/woven.png");
   CLI::App* const renderCommand = addRender(app, render, session);
   CLI::App* const convertCommand = addConvert(app, convert);
+  LibraryCommands library;
+  addLibrary(app, library);
   CLI::App* const paramsCommand = app.add_subcommand("params", "List the effect's parameters");
   paramsCommand->footer("Example:\n  quiltor params");
   addSessionOptions(*paramsCommand, session);
@@ -181,12 +260,14 @@ int parseAndRun(int argc, const char* const* argv, const Console& console) {
     runRender(session, render, err);
   } else if (*convertCommand) {
     return runConvert(convert, console) ? 0 : kFailure;
+  } else if (*library.library) {
+    return runLibrary(library, console) ? 0 : kFailure;
   } else if (*paramsCommand) {
     runParams(session, out, err);
   } else if (*aboutCommand) {
     runAbout(session, out, err);
   } else {
-    throw UsageError("expected a command: render, convert, params or about; --help explains them");
+    throw UsageError("expected a command: render, convert, library, params or about; --help explains them");
   }
   return 0;
 }

@@ -1,5 +1,7 @@
 #include "standalone/cli/line_text.h"
 
+#include <algorithm>
+
 namespace quiltor::standalone {
 namespace {
 
@@ -30,6 +32,10 @@ std::string ordinal(std::size_t number) {
   const bool teen = number / 10 % 10 == 1;
   const std::size_t last = teen ? 0 : number % 10;
   return std::to_string(number) + (last == 1 ? "st" : last == 2 ? "nd" : last == 3 ? "rd" : "th");
+}
+
+std::size_t columnsOf(std::string_view text) {
+  return text.size() - static_cast<std::size_t>(std::ranges::count_if(text, continuesCharacter));
 }
 
 std::string shortened(std::string_view text, std::size_t length) {

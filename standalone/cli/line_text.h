@@ -17,6 +17,9 @@ namespace quiltor::standalone {
 // "1st", "2nd", "3rd", "4th".
 [[nodiscard]] std::string ordinal(std::size_t number);
 
+// How many columns a text of UTF-8 takes, for everyday scripts: its characters.
+[[nodiscard]] std::size_t columnsOf(std::string_view text);
+
 // At most `length` characters of UTF-8, the last of them three dots when something is cut off.
 [[nodiscard]] std::string shortened(std::string_view text, std::size_t length);
 

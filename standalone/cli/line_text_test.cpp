@@ -23,6 +23,8 @@ TEST(LineText, numbersThings) {
   EXPECT_EQ(ordinal(122), "122nd");
 }
 
+TEST(LineText, countsCharactersAndNotBytes) { EXPECT_EQ(columnsOf("Zäune"), 5u); }
+
 TEST(LineText, shortensOnlyWhatIsTooLongAndNeverWithinACharacter) {
   EXPECT_EQ(shortened("bricks", 6), "bricks");
   EXPECT_EQ(shortened("bricks2", 6), "bri...");

@@ -14,7 +14,8 @@ using testing::HasSubstr;
 TEST_F(CommandLineTest, asksForACommand) {
   const Outcome outcome = run({});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err, "quiltor: expected a command: render, convert, params or about; --help explains them\n");
+  EXPECT_EQ(outcome.err,
+            "quiltor: expected a command: render, convert, library, params or about; --help explains them\n");
 }
 
 TEST_F(CommandLineTest, suggestsTheCommandThatWasNearlyTyped) {
@@ -30,7 +31,7 @@ TEST_F(CommandLineTest, suggestsTheOptionThatWasNearlyTyped) {
 }
 
 TEST_F(CommandLineTest, showsAnExampleInEveryHelp) {
-  for (const char* command : {"render", "convert", "params", "about"}) {
+  for (const char* command : {"render", "convert", "library", "params", "about"}) {
     const Outcome outcome = run({command, "--help"});
     EXPECT_EQ(outcome.status, 0) << command;
     EXPECT_THAT(outcome.out, HasSubstr("Example:\n  quiltor " + std::string(command))) << command;
@@ -56,6 +57,9 @@ TEST_F(CommandLineTest, answersWrongUseWithOneLineAndStatus2) {
       {"convert"},
       {"convert", "a.pat"},
       {"convert", "-o", "out"},
+      {"library", "scan", "--all-users", "--this-user"},
+      {"library", "sheet", "Textures"},
+      {"library", "list", "extra"},
   };
   for (const auto& words : wrong) {
     const Outcome outcome = run(words);

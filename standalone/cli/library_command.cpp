@@ -1,0 +1,138 @@
+#include "standalone/cli/library_command.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <system_error>
+
+#include "library/files/file_exists.h"
+#include "library/files/folders.h"
+#include "library/files/user_data_folder.h"
+#include "library/library_config.h"
+#include "library/library_conversion.h"
+#include "standalone/cli/command_error.h"
+#include "standalone/cli/library_lookup.h"
+#include "standalone/cli/line_text.h"
+#include "standalone/cli/progress_bar.h"
+#include "standalone/cli/quiet_output.h"
+#include "standalone/library/image_folders.h"
+#include "standalone/library/library_files.h"
+#include "standalone/library/library_scan.h"
+
+namespace quiltor::standalone {
+namespace {
+
+void print(const std::vector<Library>& libraries, bool flatten, std::ostream& out) {
+  constexpr std::size_t kGap = 2;
+  std::size_t nameWidth = std::string_view("LIBRARY").size();
+  for (const Library& library : libraries) nameWidth = std::max(nameWidth, columnsOf(displayName(library)));
+  std::size_t pictures = 0;
+  const auto row = [&](const std::string& name, const std::string& count, const std::string& folder) {
+    constexpr std::size_t kCountWidth = 8;
+    out << name << std::string(nameWidth + kGap - columnsOf(name), ' ')
+        << std::string(kCountWidth - std::min(kCountWidth, count.size()), ' ') << count << std::string(kGap, ' ')
+        << folder << '\n';
+  };
+  if (!libraries.empty()) row("LIBRARY", "PICTURES", "FOLDER");
+  for (const Library& library : libraries) {
+    const std::size_t count = libraryImages(library, flatten).size();
+    const std::string folder = pictureFolder(library);
+    pictures += count;
+    row(displayName(library), std::to_string(count), folder + (isFolder(folder) ? "" : " (no such folder)"));
+  }
+  out << (libraries.empty() ? "" : "\n") << counted(libraries.size(), "library") << ", " << counted(pictures, "picture")
+      << '\n';
+}
+
+std::string listFile(bool allUsers) { return getUserDataFolder(allUsers) + "/Quiltor/libpaths.txt"; }
+
+bool sameFile(const std::string& first, const std::string& second) {
+  std::error_code error;
+  return std::filesystem::equivalent(first, second, error);
+}
+
+// What the settings can say and every reader understands: absolute, without a separator at the end.
+std::string configuredFolder(const std::string& typed) {
+  std::error_code error;
+  std::string path = std::filesystem::absolute(typed, error).lexically_normal().string();
+  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+  if (error || !isFolder(path)) throw CommandFailure(typed + ": no such folder");
+  if (path.find_first_of("*\r\n") != std::string::npos) {
+    throw CommandFailure(standalone::quoted(typed) +
+                         ": a folder of the library cannot have a \"*\" or a line break in its path");
+  }
+  return path;
+}
+
+LibrarySettings newSettings(const LibraryScanOptions& options) {
+  LibrarySettings settings = readLibrarySettings();
+  settings.baseFolder = fixedBaseFolder();
+  settings.loadFromCloud = options.cloud.value_or(settings.loadFromCloud);
+  settings.flattenSubfolders = options.flatten.value_or(settings.flattenSubfolders);
+  if (options.folders.empty()) return settings;
+  if (options.folders.size() > settings.addFolders.size()) {
+    throw UsageError("library scan: the settings hold at most " + counted(settings.addFolders.size(), "folder") +
+                     ", not " + std::to_string(options.folders.size()) + "; name a folder above several of them");
+  }
+  settings.addFolders.fill("");
+  std::ranges::transform(options.folders, settings.addFolders.begin(), configuredFolder);
+  return settings;
+}
+
+}  // namespace
+
+void runLibraryList(const Console& console) {
+  print(shownLibraries(), readLibrarySettings().flattenSubfolders, console.out);
+  const bool own = fileExists(listFile(false)), shared = fileExists(listFile(true));
+  if (!own && !shared) {
+    console.out << "There is no list of libraries yet; `quiltor library scan FOLDER...` writes it.\n";
+  } else if (own && shared && !sameFile(listFile(false), listFile(true))) {
+    console.err << "quiltor: two lists: the gallery reads " << listFile(false) << ", the conversion " << listFile(true)
+                << "; scanning with --all-users leaves one\n";
+  }
+}
+
+void runLibraryScan(const LibraryScanOptions& options, const Console& console) {
+  const LibrarySettings settings = newSettings(options);
+  const FoundLibraries found = findLibraries(settings);
+  SavedLibrary saved;
+  try {
+    saved = saveLibrary(settings, found.libraries, options.allUsers.value_or(!settingsAreTheUsers()));
+  } catch (const SaveError& error) {
+    throw CommandFailure(error.what());
+  }
+  if (saved.refusedForAll) {
+    console.err << "quiltor: Error saving to all users folder, please check permissions. Now writing to this user's "
+                   "folder instead.\n";
+  }
+  for (const std::string& path : found.leftOut) {
+    console.err << "quiltor: " << standalone::quoted(path) << ": left out, since the list cannot hold such a name\n";
+  }
+  print(found.libraries, settings.flattenSubfolders, console.out);
+  console.out << "Written to " << saved.folder << "; `quiltor library convert` makes the thumbnails.\n";
+}
+
+bool runLibraryConvert(const Console& console) {
+  const ConversionFolders folders = readConversionFolders();
+  if (folders.images.empty()) {
+    throw CommandFailure("there is no library to convert; `quiltor library scan FOLDER...` lists those below a folder");
+  }
+  ConversionProgress end;
+  {
+    const QuietOutput quiet;
+    ProgressBar bar(console);
+    convertLibraryFiles(folders.images, folders.patterns, [&](const ConversionProgress& progress) {
+      end = progress;
+      bar.show(progress.done, progress.total, "");
+    });
+  }
+  console.out << counted(end.total, "file") << " looked through, " << counted(end.failures, "failure") << '\n';
+  if (end.failures > 0) {
+    const std::string log = getUserDataFolder(false) + "/Quiltor/log.txt";
+    console.err << "quiltor: " << counted(end.failures, "failure") << "; "
+                << (fileExists(log) ? log + " tells which" : "a log is kept where the folder of " + log + " exists")
+                << '\n';
+  }
+  return end.failures == 0;
+}
+
+}  // namespace quiltor::standalone
