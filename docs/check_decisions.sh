@@ -8,5 +8,5 @@ while IFS=. read -r suite name; do
     printf 'docs/decisions.md names a test that is not there: %s.%s\n' "$suite" "$name" >&2
     missing=1
   }
-done < <(grep -oE '`[A-Z][A-Za-z0-9]+\.[A-Z][A-Za-z0-9]+`' docs/decisions.md | tr -d '`')
+done < <(grep -oE '`[A-Z][A-Za-z0-9]+\.[A-Za-z][A-Za-z0-9]+`' docs/decisions.md | tr -d '`')
 exit "$missing"
