@@ -126,7 +126,7 @@ CLI::App* addConvert(CLI::App& app, ConvertOptions& convert) {
   command->add_option("-o,--output", convert.output, "Where a folder is made for each file: FOLDER/N/N_00.png of N.pat")
       ->required()
       ->type_name("FOLDER");
-  command->footer("Example:\n  quiltor convert samples/patterns.pat -o out");
+  command->footer("Example:\n  quiltor convert samples/tiles.pat -o out");
   return command;
 }
 

@@ -113,7 +113,9 @@ void runLibraryScan(const LibraryScanOptions& options, const Console& console) {
 
 bool runLibraryConvert(const Console& console) {
   const ConversionFolders folders = readConversionFolders();
-  if (folders.images.empty()) {
+  // Deliberate: the effect converts nothing while no library has a picture. Who asks for it in words gets the patterns
+  // of folders that hold nothing else, which then are libraries.
+  if (folders.patterns.empty()) {
     throw CommandFailure("there is no library to convert; `quiltor library scan FOLDER...` lists those below a folder");
   }
   ConversionProgress end;

@@ -159,6 +159,14 @@ TEST_F(LibraryCommandTest, convertMakesPicturesOfPatternsAndThumbnails) {
   EXPECT_THAT(library({"scan"}).out, HasSubstr("[Quiltor] PS Patterns | walls"));
 }
 
+TEST_F(LibraryCommandTest, convertTakesAFolderOfNothingButPatterns) {
+  fs::remove(textures + "/a.png");
+  fs::remove_all(textures + "/wood");
+  EXPECT_THAT(library({"scan", textures}).out, HasSubstr("0 libraries"));
+  EXPECT_EQ(library({"convert"}).out, "1 file looked through, 0 failures\n");
+  EXPECT_THAT(library({"scan"}).out, HasSubstr("[Quiltor] PS Patterns | walls"));
+}
+
 TEST_F(LibraryCommandTest, convertTellsOfFailuresAndWhereTheyAreNamed) {
   library({"scan", textures});
   std::ofstream(shared + "/.cache") << "in the way";
