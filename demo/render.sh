@@ -40,6 +40,12 @@ picture locked-to-a-rotated-layer --pattern "$samples/dots.png" --set lock=on --
 picture pattern-from-a-layer --pattern-layer "$samples/paper.jpg" --set blendmode=Multiply --set scale=160% \
   --depth 16
 
+picture masked --pattern "$samples/woven.png" --set blendmode=Multiply --set scale=150% \
+  --masks "$samples/masks.json" --set mask=2
+
+picture masked-inverted --pattern "$samples/woven.png" --set blendmode=Multiply --set scale=150% \
+  --masks "$samples/masks.json" --set mask=3
+
 readonly modes=(
   "Normal" "Stencil Alpha" "Stencil Luma" "Silhouette Alpha" "Silhouette Luma" "Lighten" "Darken" "Multiply" "Average"
   "Difference" "Negation" "Exclusion" "Screen" "Overlay" "Soft Light" "Hard Light" "Color Dodge" "Color Burn"
