@@ -39,7 +39,9 @@ std::vector<std::string> describeFailures(const PatternsOfFile& file) {
   for (const auto& failure : file.report.failures) {
     texts.push_back(describePlace(failure.place, failure.name) + ": " + failure.reason);
   }
-  if (file.report.problem) texts.emplace_back(file.report.problem);
+  if (file.report.problem) {
+    texts.push_back((file.refused ? "" : "the rest of it is not read: ") + std::string(file.report.problem));
+  }
   return texts;
 }
 

@@ -105,6 +105,18 @@ TEST_F(ConvertCommandTest, tellsWhichPatternOfWhichFileFailsAndConvertsTheOthers
   EXPECT_THAT(made(), ElementsAre("a/a_00.png", "a/a_01.png", "b/b_00.png"));
 }
 
+TEST_F(ConvertCommandTest, tellsThatAFileIsCutOff) {
+  const std::string path = folder.path("a.pat");
+  writeBytes(path, TestPatternFile{.patterns = {greyPattern(), rgbPattern(u"Last")}, .count = 3}.bytes());
+  std::filesystem::resize_file(path, std::filesystem::file_size(path) - 95);
+  const Outcome outcome = convert({path});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "quiltor: " + path + ": 2nd pattern \"Last\": the file ends inside a plane\n" + "quiltor: " + path +
+                ": the rest of it is not read: a pattern says that it reaches beyond the end of the file\n");
+  EXPECT_THAT(made(), ElementsAre("a/a_00.png"));
+}
+
 TEST_F(ConvertCommandTest, goesOnBehindSourcesThatAreNone) {
   std::filesystem::create_directories(folder.path("empty"));
   std::ofstream(folder.path("text.pat")) << "no pattern";
