@@ -46,6 +46,9 @@ picture masked --pattern "$samples/woven.png" --set blendmode=Multiply --set sca
 picture masked-inverted --pattern "$samples/woven.png" --set blendmode=Multiply --set scale=150% \
   --masks "$samples/masks.json" --set mask=3
 
+picture pattern-of-a-photoshop-file --pattern "$samples/tiles.pat#Azulejo de Évora ✦" --set scale=180% \
+  --set blendmode="Soft Light" --set opacity=85% --set rotation=45
+
 readonly modes=(
   "Normal" "Stencil Alpha" "Stencil Luma" "Silhouette Alpha" "Silhouette Luma" "Lighten" "Darken" "Multiply" "Average"
   "Difference" "Negation" "Exclusion" "Screen" "Overlay" "Soft Light" "Hard Light" "Color Dodge" "Color Burn"
@@ -63,5 +66,21 @@ for mode in "${modes[@]}"; do
   }
   cells+=("$mode=$scratch/$mode.png")
 done
+# The library of a user who has nothing but one pattern file.
+library() {
+  QUILTOR_ALLUSERS_DIR="$scratch/all" XDG_CONFIG_HOME="$scratch/user" "$quiltor" library "$@" >>"$scratch/library.log" || {
+    printf 'demo: the library could not be shown\n' >&2
+    exit 1
+  }
+}
+mkdir "$scratch/Patterns"
+cp "$samples/tiles.pat" "$scratch/Patterns"
+library scan "$scratch/Patterns"
+library convert
+library scan
+library convert
+library sheet tiles -o "$out/contact-sheet.png"
+printf '%s\n' "$out/contact-sheet.png"
+
 /usr/bin/python3 "$here/draw_chart.py" "$out/blend-modes.png" "${cells[@]}"
 printf '%s\n' "$out/blend-modes.png"
