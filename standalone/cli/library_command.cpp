@@ -37,7 +37,7 @@ void print(const std::vector<Library>& libraries, bool flatten, std::ostream& ou
     const std::size_t count = libraryImages(library, flatten).size();
     const std::string folder = pictureFolder(library);
     pictures += count;
-    row(displayName(library), std::to_string(count), folder + (isFolder(folder) ? "" : " (no such folder)"));
+    row(displayName(library), std::to_string(count), printable(folder) + (isFolder(folder) ? "" : " (no such folder)"));
   }
   out << (libraries.empty() ? "" : "\n") << counted(libraries.size(), "library") << ", " << counted(pictures, "picture")
       << '\n';

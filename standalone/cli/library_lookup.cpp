@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "library/files/text_pieces.h"
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/line_text.h"
 #include "standalone/cli/near_miss.h"
@@ -27,12 +28,16 @@ std::string pathOf(const Library& library) { return library.path; }
 std::string displayName(const Library& library) {
   std::string text = "[" + library.label + "]";
   if (!library.name.empty()) text.append(" ").append(library.name);
-  return text;
+  return printable(text);
 }
 
 std::vector<Library> shownLibraries() {
   std::vector<Library> libraries = readLibraries(LookUp::Dialogs);
   std::erase_if(libraries, [](const Library& library) { return library.name.find(".cache") != std::string::npos; });
+  for (Library& library : libraries) {
+    // Where a line lacks its last field, its end is part of the one before.
+    for (std::string* field : {&library.label, &library.name}) *field = trimChars(*field, " \t\r\n");
+  }
   return libraries;
 }
 

@@ -9,7 +9,9 @@ constexpr unsigned char kFirstPrintable = 0x20, kDelete = 0x7F;
 
 bool continuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
-std::string withoutControls(std::string_view text) {
+}  // namespace
+
+std::string printable(std::string_view text) {
   std::string clean(text);
   for (char& c : clean) {
     const auto byte = static_cast<unsigned char>(c);
@@ -18,9 +20,7 @@ std::string withoutControls(std::string_view text) {
   return clean;
 }
 
-}  // namespace
-
-std::string quoted(std::string_view text) { return std::string("\"").append(withoutControls(text)).append("\""); }
+std::string quoted(std::string_view text) { return std::string("\"").append(printable(text)).append("\""); }
 
 std::string counted(std::size_t count, std::string_view noun) {
   const bool endsInY = noun.ends_with('y');
@@ -40,7 +40,7 @@ std::size_t columnsOf(std::string_view text) {
 
 std::string shortened(std::string_view text, std::size_t length) {
   constexpr std::string_view kDots = "...";
-  const std::string clean = withoutControls(text);
+  const std::string clean = printable(text);
   std::size_t characters = 0, kept = clean.size();
   for (std::size_t i = 0; i < clean.size(); ++i) {
     if (continuesCharacter(clean[i])) continue;

@@ -8,7 +8,10 @@ namespace quiltor::standalone {
 
 // Texts from files and for lines that people read.
 
-// Without control characters, which could break the line or drive the terminal, between quotation marks.
+// With blanks for control characters, which could break the line or drive the terminal.
+[[nodiscard]] std::string printable(std::string_view text);
+
+// The same between quotation marks.
 [[nodiscard]] std::string quoted(std::string_view text);
 
 // "1 pattern", "2 patterns".

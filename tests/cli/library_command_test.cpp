@@ -138,6 +138,16 @@ TEST_F(LibraryCommandTest, listHidesThumbnailsAndSaysWhenThereIsNoListYet) {
   EXPECT_THAT(library({"list"}).out, testing::AllOf(HasSubstr("1 library, 1 picture"), Not(HasSubstr(".cache"))));
 }
 
+TEST_F(LibraryCommandTest, listShowsLinesThatLackFields) {
+  fs::create_directories(own);
+  std::ofstream(own + "/libpaths.txt") << "Textures\r\n*\x1b[2J*" << textures << "\r\n";
+  EXPECT_EQ(library({"list"}).out,
+            "LIBRARY     PICTURES  FOLDER\n"
+            "[Textures]         0   (no such folder)\n"
+            "[]  [2J            1  " +
+                textures + "\n\n2 libraries, 1 picture\n");
+}
+
 TEST_F(LibraryCommandTest, listTellsThatTheGalleryAndTheConversionReadDifferentLists) {
   library({"scan", textures, "--all-users"});
   library({"scan", textures, "--this-user"});
