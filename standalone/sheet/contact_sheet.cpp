@@ -1,7 +1,6 @@
 #include "standalone/sheet/contact_sheet.h"
 
 #include <cairo.h>
-#include <fontconfig/fontconfig.h>
 
 #include <algorithm>
 #include <cmath>
@@ -10,8 +9,6 @@
 #include <memory>
 #include <new>
 #include <string_view>
-
-#include "base/scope_guard.h"
 
 namespace quiltor::standalone {
 namespace {
@@ -158,11 +155,6 @@ class Drawing {
 }  // namespace
 
 PatternImage drawContactSheet(const ContactSheet& sheet) {
-  const ScopeGuard forgetFonts([] {
-    // Else both keep what they looked up until the process ends, which a check for leaks takes for one.
-    cairo_debug_reset_static_data();
-    FcFini();
-  });
   const int count = static_cast<int>(std::min(sheet.entries.size(), kMostSheetEntries));
   const int columns =
       std::clamp(static_cast<int>(std::ceil(std::sqrt(count * kWiderThanHigh))), kFewestColumns, kMostColumns);

@@ -21,8 +21,7 @@ struct ContactSheet {
 // A sheet takes no more, so that it stays a picture that programs open.
 inline constexpr std::size_t kMostSheetEntries = 2000;
 
-// The thumbnails row by row with their names, three channels. Throws std::bad_alloc. Not while another thread draws with
-// the same libraries: what they keep is given back at the end.
+// The thumbnails row by row with their names, three channels. Throws std::bad_alloc.
 [[nodiscard]] PatternImage drawContactSheet(const ContactSheet& sheet);
 
 }  // namespace quiltor::standalone
