@@ -3,6 +3,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 missing=0
+# shellcheck disable=SC2016  # the quotes are those of the document
 while IFS=. read -r suite name; do
   git grep -qE "TEST(_F|_P)?\(\s*$suite, $name\)" -- '*_test.cpp' || {
     printf 'docs/decisions.md names a test that is not there: %s.%s\n' "$suite" "$name" >&2

@@ -29,8 +29,8 @@ char* newText(const std::string& text) {
   return copy.release();
 }
 
-// Without the render mutex: a host does not end an instance that it still renders, and its main thread must not wait for
-// the renders of others.
+// Without the render mutex: a host does not end an instance that it still renders, and its main thread must not wait
+// for the renders of others.
 void destroyParts(SequenceData& live) noexcept {
   delete std::exchange(live.patternImage, nullptr);
   delete std::exchange(live.previewImage, nullptr);
