@@ -16,9 +16,9 @@ namespace {
 // Of the thumbnails' size: whole, so that every pixel of theirs is as large as its neighbours.
 constexpr int kEnlargement = 2;
 constexpr int kPicture = 50 * kEnlargement;
-constexpr int kStepX = kPicture + 24, kStepY = kPicture + 36;
+constexpr int kStepX = kPicture + 24, kStepY = kPicture + 48;
 constexpr int kMargin = 24, kHeader = 56, kFewestColumns = 4, kMostColumns = 16;
-constexpr double kTitleSize = 20, kRemarkSize = 12.5, kNameSize = 11.5;
+constexpr double kTitleSize = 20, kRemarkSize = 12.5, kNameSize = 11.5, kNameHeight = 14;
 constexpr double kWiderThanHigh = 1.6;
 
 struct Color {
@@ -61,15 +61,27 @@ class Drawing {
     cairo_paint(pen_.get());
   }
 
-  // At most so wide; the end of a longer text gives way to dots.
-  void write(std::string_view text, double x, double y, double size, const Color& color, double width, bool centred) {
+  void writeHeading(std::string_view text, double y, double size, const Color& color, double width) {
     cairo_select_font_face(pen_.get(), "sans-serif", CAIRO_FONT_SLANT_NORMAL,
                            size >= kTitleSize ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
     cairo_set_font_size(pen_.get(), size);
     paint(color);
-    const std::string fitting = fit(validUtf8(text), width);
-    cairo_move_to(pen_.get(), centred ? x + (width - advance(fitting)) / 2 : x, y);
-    cairo_show_text(pen_.get(), fitting.c_str());
+    cairo_move_to(pen_.get(), kMargin, y);
+    cairo_show_text(pen_.get(), fit(validUtf8(text), width).c_str());
+  }
+
+  // In the middle of a column, on two lines when one does not hold it.
+  void writeName(std::string_view text, double x, double y, double width) {
+    cairo_select_font_face(pen_.get(), "sans-serif", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
+    cairo_set_font_size(pen_.get(), kNameSize);
+    paint(kInk);
+    const std::string name = validUtf8(text);
+    const std::size_t end = fittingStart(name, width);
+    for (const std::string& line : {name.substr(0, end), fit(name.substr(end), width)}) {
+      cairo_move_to(pen_.get(), x + (width - advance(line)) / 2, y);
+      cairo_show_text(pen_.get(), line.c_str());
+      y += kNameHeight;
+    }
   }
 
   void show(const PatternImage& picture, double x, double y) {
@@ -136,16 +148,34 @@ class Drawing {
     return extents.x_advance;
   }
 
-  std::string fit(std::string text, double width) {
+  static bool continues(const std::string& text, std::size_t at) {
+    return at < text.size() && (static_cast<unsigned char>(text[at]) & 0xC0) == 0x80;
+  }
+
+  // How many bytes from the start on are whole characters and not too wide.
+  std::size_t fittingStart(const std::string& text, double width) {
+    std::size_t end = text.size();
+    while (end > 0 && (continues(text, end) || advance(text.substr(0, end)) > width)) --end;
+    return end;
+  }
+
+  // The middle of what is too wide gives way to dots: numbers at the end tell the patterns of a file apart.
+  std::string fit(const std::string& text, double width) {
     if (advance(text) <= width) return text;
-    constexpr std::string_view kEllipsis = "\xE2\x80\xA6";
-    while (!text.empty()) {
-      while ((static_cast<unsigned char>(text.back()) & 0xC0) == 0x80) text.pop_back();
-      text.pop_back();
-      const std::string cut = text + std::string(kEllipsis);
-      if (advance(cut) <= width) return cut;
+    std::size_t head = text.size() / 2, tail = head;
+    std::string cut;
+    while (head > 0 || tail < text.size()) {
+      if (head > 0 && head >= text.size() - tail) {
+        --head;
+      } else {
+        ++tail;
+      }
+      while (head > 0 && continues(text, head)) --head;
+      while (continues(text, tail)) ++tail;
+      cut = text.substr(0, head) + "\xE2\x80\xA6" + text.substr(tail);
+      if (advance(cut) <= width) break;
     }
-    return text;
+    return cut;
   }
 
   Surface surface_;
@@ -161,8 +191,8 @@ PatternImage drawContactSheet(const ContactSheet& sheet) {
   const int rows = (count + columns - 1) / columns;
   const int inner = columns * kStepX - (kStepX - kPicture);
   Drawing drawing(inner + 2 * kMargin, kMargin + kHeader + rows * kStepY + kMargin / 2);
-  drawing.write(sheet.title, kMargin, kMargin + 16, kTitleSize, kInk, inner, false);
-  drawing.write(sheet.remark, kMargin, kMargin + 36, kRemarkSize, kPale, inner, false);
+  drawing.writeHeading(sheet.title, kMargin + 16, kTitleSize, kInk, inner);
+  drawing.writeHeading(sheet.remark, kMargin + 36, kRemarkSize, kPale, inner);
   for (int i = 0; i < count; ++i) {
     const SheetEntry& entry = sheet.entries[static_cast<std::size_t>(i)];
     const int x = kMargin + i % columns * kStepX, y = kMargin + kHeader + i / columns * kStepY;
@@ -172,7 +202,7 @@ PatternImage drawContactSheet(const ContactSheet& sheet) {
       drawing.showMissing(x, y);
     }
     constexpr int kOverhang = 8;
-    drawing.write(entry.name, x - kOverhang, y + kPicture + 16, kNameSize, kInk, kPicture + 2 * kOverhang, true);
+    drawing.writeName(entry.name, x - kOverhang, y + kPicture + 16, kPicture + 2 * kOverhang);
   }
   return drawing.finish();
 }

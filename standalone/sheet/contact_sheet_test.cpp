@@ -46,7 +46,8 @@ TEST(ContactSheet, writesNamesAndTitle) {
 }
 
 TEST(ContactSheet, keepsLongNamesOutOfTheNeighbours) {
-  const std::string endless(500, 'W');
+  std::string endless;
+  for (int i = 0; i < 200; ++i) endless += "W\xC3\xA4";
   const PatternImage bare = drawContactSheet({"", "", {{"", plain(kRed)}, {"", plain(kBlue)}}});
   const PatternImage sheet = drawContactSheet({"", "", {{endless, plain(kRed)}, {"", plain(kBlue)}}});
   ASSERT_EQ(sheet.width, bare.width);
@@ -56,6 +57,14 @@ TEST(ContactSheet, keepsLongNamesOutOfTheNeighbours) {
     const auto from = row + (24 + 124) * 3, to = row + std::ptrdiff_t{sheet.width} * 3;
     ASSERT_TRUE(std::equal(sheet.pixels.begin() + from, sheet.pixels.begin() + to, bare.pixels.begin() + from)) << y;
   }
+}
+
+TEST(ContactSheet, tellsLongNamesApartByTheirEndsAndTheirBeginnings) {
+  const std::string middle(60, 'm');
+  const auto drawn = [&](const std::string& name) { return drawContactSheet({"", "", {{name, plain(kRed)}}}).pixels; };
+  EXPECT_NE(drawn("a" + middle + "_00"), drawn("a" + middle + "_01"));
+  EXPECT_NE(drawn("a" + middle + "_00"), drawn("b" + middle + "_00"));
+  EXPECT_EQ(drawn("a" + middle + "_00"), drawn("a" + middle + "mmmm_00"));
 }
 
 TEST(ContactSheet, marksWhatCouldNotBeRead) {
