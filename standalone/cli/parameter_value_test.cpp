@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "standalone/cli/command_error.h"
-#include "standalone/cli/quiltor_parameters_testonly.h"
+#include "standalone/cli/test_parameters.h"
 
 namespace quiltor::standalone {
 namespace {

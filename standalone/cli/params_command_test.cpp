@@ -6,7 +6,7 @@
 #include <sstream>
 #include <string>
 
-#include "standalone/cli/quiltor_parameters_testonly.h"
+#include "standalone/cli/test_parameters.h"
 
 namespace quiltor::standalone {
 namespace {

@@ -7,7 +7,7 @@ namespace quiltor::standalone {
 // Acquire and release, counted. Callable from any thread.
 [[nodiscard]] SPBasicSuite& basicSuite();
 
-// The older way to the handle functions and to iterate_generic; the host's other utilities are not implemented.
+// The older way to the handle functions and to iterate_generic. The host has no other utilities.
 [[nodiscard]] PF_UtilCallbacks& utilCallbacks();
 
 }  // namespace quiltor::standalone
