@@ -9,6 +9,7 @@
 
 #include "hostapi/effect.h"
 #include "standalone/host/masks/mask.h"
+#include "standalone/host/services/script_runner.h"
 #include "standalone/host/services/world.h"
 
 namespace quiltor::standalone {
@@ -61,6 +62,9 @@ struct HostOptions {
   // Answers abort and progress calls: the argument counts them from 0 since the last call into the effect began. Empty:
   // always 0. Called on the thread of the effect's call or of iterate's thread index 0.
   std::function<PF_Err(int)> onAbort = nullptr;
+  // Runs the scripts of effects; empty: the host has no scripting and says so.
+  ScriptRunner runScript = nullptr;
+
   // Receives one line per call, its result and each suite asked for. Called from any thread, one at a time.
   std::function<void(std::string_view)> trace = nullptr;
 };
