@@ -70,6 +70,7 @@ CallResult CallContext::perform(EntryPoint entryPoint, const Call& call) {
   host.trace("done " + selector() + " with " + std::to_string(result.code));
   checkEnd();
   host.end(*this);
+  if (host.scriptFailure) std::rethrow_exception(std::exchange(host.scriptFailure, nullptr));
   return result;
 }
 

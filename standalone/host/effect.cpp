@@ -27,6 +27,7 @@ CallResult Effect::shutDown() {
   CallScope finalCount("shut-down", nullptr);
   const EnterCall enter(&finalCount);
   host_.state().handles.reportLeaks(this);
+  host_.state().memory.reportLeaks(this);
   return result;
 }
 

@@ -24,9 +24,29 @@ bool mayReplaceSequenceData(A_long selector) {
   }
 }
 
+PanelAccess panelAccess(A_long selector) {
+  switch (selector) {
+    case PF_Cmd_USER_CHANGED_PARAM:
+    case PF_Cmd_UPDATE_PARAMS_UI:
+      return PanelAccess::Definitions;
+    case PF_Cmd_EVENT:
+      return PanelAccess::Streams;
+    default:
+      return PanelAccess::None;
+  }
+}
+
 }  // namespace
 
-Instance::Instance(Effect& effect) : effect_(effect), values_(std::make_unique<ParamValues>(effect.parameters())) {}
+Instance::Instance(Effect& effect) : effect_(effect), values_(std::make_unique<ParamValues>(effect.parameters())) {
+  for (const Parameter& parameter : effect.parameters()) {
+    PanelEntry entry;
+    entry.name = parameter.name;
+    entry.uiFlags = parameter.definition.ui_flags;
+    entry.type = parameter.definition.param_type;
+    panel_.push_back(std::move(entry));
+  }
+}
 
 Instance::~Instance() { shutDown(); }
 
@@ -100,9 +120,12 @@ CallResult Instance::callWithParams(A_long selector, void* extra) {
   return call({.selector = selector, .params = array.pointers(), .extra = extra});
 }
 
-const PF_ParamDef* Instance::updatedUi(int index) const {
-  const auto found = updatedUi_.find(index);
-  return found == updatedUi_.end() ? nullptr : &found->second;
+CallResult Instance::changedByUser(int index) {
+  const PF_ParamDef& definition = effect_.parameters().at(static_cast<std::size_t>(index)).definition;
+  CallResult result;
+  if ((definition.flags & PF_ParamFlag_SUPERVISE) != 0) result = userChanged(index);
+  if (result.succeeded() && (effect_.outFlags() & PF_OutFlag_SEND_UPDATE_PARAMS_UI) != 0) result = updateUi();
+  return result;
 }
 
 Instance::ParamArray Instance::params(const World* input) const {
@@ -124,11 +147,8 @@ void Instance::fillContext(CallContext& context) {
   context.handles.sequence = sequenceData_;
   context.paramCount = static_cast<A_long>(values_->size());
   context.values = values_.get();
-  if (context.number == PF_Cmd_USER_CHANGED_PARAM || context.number == PF_Cmd_UPDATE_PARAMS_UI) {
-    context.updateParamUi = [this](PF_ParamIndex index, const PF_ParamDef& definition) {
-      updatedUi_[index] = definition;
-    };
-  }
+  context.panel = &panel_;
+  context.panelAccess = panelAccess(context.number);
 }
 
 CallResult Instance::call(const Call& call) { return run(call, nullptr); }

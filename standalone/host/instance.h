@@ -1,13 +1,13 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <memory>
 #include <span>
 #include <vector>
 
 #include "standalone/host/effect.h"
 #include "standalone/host/frame.h"
+#include "standalone/host/services/panel.h"
 
 namespace quiltor::standalone {
 
@@ -65,8 +65,11 @@ class Instance {
   CallResult userChanged(int index);  // PF_Cmd_USER_CHANGED_PARAM with the current values
   CallResult updateUi();              // PF_Cmd_UPDATE_PARAMS_UI with the current values
   CallResult doDialog();              // PF_Cmd_DO_DIALOG
-  // The definition that the effect last gave the panel for a parameter; null when it never did.
-  [[nodiscard]] const PF_ParamDef* updatedUi(int index) const;
+  // What a host sends once the user has changed a value: the first when the parameter is supervised, then the second
+  // when the effect asks for it. Gives the first answer that is an error, or the last.
+  CallResult changedByUser(int index);
+  // A parameter as the panel shows it.
+  [[nodiscard]] const PanelEntry& shown(int index) const { return panel_.at(static_cast<std::size_t>(index)); }
 
   // Any selector for this instance. The sequence handle that the effect stores is kept as after the typed calls.
   CallResult call(const Call& call);
@@ -93,7 +96,7 @@ class Instance {
 
   Effect& effect_;
   std::unique_ptr<ParamValues> values_;
-  std::map<int, PF_ParamDef> updatedUi_;
+  Panel panel_;
   PF_Handle sequenceData_ = nullptr;
   bool setUp_ = false;
   bool flat_ = false;

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <functional>
 #include <map>
 #include <mutex>
 #include <string>
 #include <utility>
 
 #include "hostapi/params.h"
+#include "standalone/host/services/panel.h"
 
 namespace quiltor::standalone {
 
@@ -29,8 +29,9 @@ class CallScope {
   // Acquires minus releases, and locks minus unlocks, of this call alone. Guarded by the services that count them.
   std::map<SuiteId, int> suites;
   std::map<PF_Handle, int> locks;
-  // Receives definitions for the panel. Empty where the call has no panel.
-  std::function<void(PF_ParamIndex, const PF_ParamDef&)> updateParamUi;
+  // The instance's panel and what the call may do to it. Null where there is no instance.
+  Panel* panel = nullptr;
+  PanelAccess panelAccess = PanelAccess::None;
 
  private:
   std::string selector_;

@@ -29,10 +29,14 @@ enum class HostCall {
   SetOptionsButton,     // answers 516
   RegisterEffect,       // answers 516
   Layer,                // the effect's layer: answers 516
+  Effect,               // a reference to the effect itself: answers 516
+  DisposeEffect,        // answers 516, but the reference is disposed
   Stream,               // a new stream: answers 516
   StreamValue,          // answers 516
   DisposeStream,        // answers 516, but the stream is disposed
   DisposeStreamValue,   // answers 516, but the value is disposed
+  StreamFlag,           // answers 516, no flag changes
+  StreamName,           // answers 516, the name stays
   Mask,                 // the layer's masks and their identifiers: answers 516
   DisposeMask,          // answers 516, but the mask is disposed
   Path,                 // the layer's paths, a check-out, the inverted flag: answers 516
@@ -41,6 +45,10 @@ enum class HostCall {
   Fill,                 // answers 516, nothing is filled
   UpdateParamUi,        // answers 516
   RefreshWindows,       // answers 516
+  ExecuteScript,        // answers 516, nothing is run
+  LockMemory,           // of a script's result: answers 516, nothing is locked
+  UnlockMemory,         // answers 516, but the unlock counts
+  FreeMemory,           // answers 516, but the memory is freed
   Count_,
 };
 

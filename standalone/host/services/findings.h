@@ -40,6 +40,8 @@ namespace quiltor::standalone {
   M(ResultRectOutsideMaximum)    \
   M(StreamNotDisposed)           \
   M(StreamValueNotDisposed)      \
+  M(EffectNotDisposed)           \
+  M(EffectDisposedBeforeStream)  \
   M(MaskNotDisposed)             \
   M(MaskDisposedBeforeStream)    \
   M(PathNotCheckedIn)            \

@@ -25,6 +25,9 @@ struct LayerTransform {
 // What smart rendering hands out as the pixels of a layer parameter that has no layer.
 enum class NoLayerPixels { Error, NullWorld, EmptyWorld };
 
+// What an effect gets as the result of a script that gave an empty one.
+enum class NoScriptResult { EmptyText, NullHandle };
+
 // Everything a test may turn. Fields may be changed between two calls into the effect, not during one.
 struct HostOptions {
   A_long appId = kAppId_AfterEffects;
@@ -64,6 +67,7 @@ struct HostOptions {
   std::function<PF_Err(int)> onAbort = nullptr;
   // Runs the scripts of effects; empty: the host has no scripting and says so.
   ScriptRunner runScript = nullptr;
+  NoScriptResult noScriptResult = NoScriptResult::EmptyText;
 
   // Receives one line per call, its result and each suite asked for. Called from any thread, one at a time.
   std::function<void(std::string_view)> trace = nullptr;

@@ -39,8 +39,10 @@ void HostState::end(CallScope& call) {
   }
   suites.checkCall(call);
   handles.checkCall(call);
+  memory.checkCall(call);
   worlds.checkCall(call);
   streams.checkCall(call);
+  effects.checkCall(call);
   masks.checkCall(call);
   paths.checkCall(call);
 }

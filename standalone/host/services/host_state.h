@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <exception>
 #include <mutex>
 #include <set>
 #include <string>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "hostapi/suites_aegp.h"
+#include "standalone/host/services/effect_table.h"
 #include "standalone/host/services/fault_plan.h"
 #include "standalone/host/services/findings.h"
 #include "standalone/host/services/handle_table.h"
@@ -31,9 +33,11 @@ struct HostState {
   FaultPlan faults;
   Findings findings;
   HandleTable handles{findings};
+  HandleTable memory{findings};  // what the memory suite knows; no handle of one is one of the other
   SuiteLedger suites{findings};
   WorldPool worlds{findings};
   StreamTable streams{findings};
+  EffectTable effects{findings};
   MaskTable masks{findings};
   PathTable paths{findings};
 
@@ -43,6 +47,9 @@ struct HostState {
   std::vector<std::string> registeredEffectNames;
   std::vector<PrPixelFormat> declaredPixelFormats;
   std::atomic<int> abortCallCount = 0;
+
+  // What the embedder's script runner threw; it may not pass through the effect, so the call's end throws it again.
+  std::exception_ptr scriptFailure;
 
   [[nodiscard]] bool isVideoEditor() const { return options.appId == kAppId_PremierePro; }
   void trace(std::string_view line);

@@ -5,6 +5,7 @@
 namespace quiltor::standalone {
 
 std::string StreamTable::Stream::name() const {
+  if (source.parameter) return "the stream of \"" + source.parameter->name + "\"";
   const std::string code = "stream " + std::to_string(source.code);
   return source.maskId ? code + " of mask " + std::to_string(*source.maskId) : "layer " + code;
 }
@@ -22,6 +23,12 @@ StreamTable::Stream* StreamTable::find(AEGP_StreamRefH stream) {
   if (found != streams_.end()) return found->second.get();
   findings_.record(FindingKind::ObjectUnknown, "what was passed as a stream is none, or was disposed before");
   return nullptr;
+}
+
+std::optional<StreamSource> StreamTable::sourceOf(AEGP_StreamRefH stream) {
+  std::lock_guard lock(mutex_);
+  const Stream* found = find(stream);
+  return found ? std::optional(found->source) : std::nullopt;
 }
 
 std::optional<StreamSource> StreamTable::takeValue(AEGP_StreamRefH stream) {
@@ -67,6 +74,16 @@ void StreamTable::checkMask(AEGP_MaskRefH mask) {
                      "the mask was disposed while " + stream->name() + " was open");
     // Another mask may get the address.
     stream->source.mask = nullptr;
+  }
+}
+
+void StreamTable::checkEffect(AEGP_EffectRefH effect) {
+  std::lock_guard lock(mutex_);
+  for (const auto& [handle, stream] : streams_) {
+    if (stream->source.effect != effect) continue;
+    findings_.record(FindingKind::EffectDisposedBeforeStream,
+                     "the reference to the effect was disposed while " + stream->name() + " was open");
+    stream->source.effect = nullptr;
   }
 }
 

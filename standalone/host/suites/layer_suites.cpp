@@ -3,6 +3,7 @@
 
 #include "standalone/host/services/host_state.h"
 #include "standalone/host/suites/bad_argument.h"
+#include "standalone/host/suites/effect_streams.h"
 #include "standalone/host/suites/layer_handle.h"
 #include "standalone/host/suites/suite_table.h"
 #include "standalone/host/suites/suite_tables.h"
@@ -64,6 +65,7 @@ A_Err disposeMask(AEGP_MaskRefH mask) {
 AEGP_PFInterfaceSuite1 makePfInterfaceSuite() {
   auto suite = tableOfUnimplementedSlots<AEGP_PFInterfaceSuite1>();
   suite.AEGP_GetEffectLayer = &getEffectLayer;
+  suite.AEGP_GetNewEffectForEffect = &getNewEffectForEffect;
   return suite;
 }
 

@@ -1,4 +1,7 @@
+#include <cstddef>
+
 #include "standalone/host/services/host_state.h"
+#include "standalone/host/suites/bad_argument.h"
 #include "standalone/host/suites/suite_table.h"
 #include "standalone/host/suites/suite_tables.h"
 
@@ -22,18 +25,20 @@ PF_Err updateParamUi(PF_ProgPtr effect, PF_ParamIndex index, const PF_ParamDef* 
   if (host.faults.strikes(HostCall::UpdateParamUi)) return PF_Err_BAD_CALLBACK_PARAM;
   const CallScope* call = host.callOf(effect);
   if (!call) return PF_Err_BAD_CALLBACK_PARAM;
-  if (!call->updateParamUi) {
+  if (!call->panel || call->panelAccess != PanelAccess::Definitions) {
     host.findings.record(FindingKind::WrongSelector,
                          "PF_UpdateParamUI is for PF_Cmd_USER_CHANGED_PARAM and PF_Cmd_UPDATE_PARAMS_UI only");
     return PF_Err_BAD_CALLBACK_PARAM;
   }
-  if (index < 1 || !definition) {
-    host.findings.record(FindingKind::BadArgument,
-                         "PF_UpdateParamUI was called for the input layer or without a "
-                         "definition");
-    return PF_Err_BAD_CALLBACK_PARAM;
+  if (index < 1 || static_cast<std::size_t>(index) >= call->panel->size() || !definition) {
+    return badArgument("PF_UpdateParamUI was called for what is no parameter of the panel, or without a definition");
   }
-  call->updateParamUi(index, *definition);
+  PanelEntry& entry = (*call->panel)[static_cast<std::size_t>(index)];
+  if (definition->param_type != entry.type || definition->uu.change_flags != 0) {
+    return badArgument("PF_UpdateParamUI was to change the type or the value of \"" + entry.name + "\"");
+  }
+  entry.updated = *definition;
+  entry.uiFlags = definition->ui_flags;
   return PF_Err_NONE;
 }
 

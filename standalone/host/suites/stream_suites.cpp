@@ -1,6 +1,7 @@
 #include "standalone/host/services/host_state.h"
 #include "standalone/host/services/layer_masks.h"
 #include "standalone/host/suites/bad_argument.h"
+#include "standalone/host/suites/effect_streams.h"
 #include "standalone/host/suites/layer_handle.h"
 #include "standalone/host/suites/suite_table.h"
 #include "standalone/host/suites/suite_tables.h"
@@ -69,8 +70,10 @@ A_Err getNewStreamValue(AEGP_PluginID, AEGP_StreamRefH stream, AEGP_LTimeMode, c
   if (!time || time->scale == 0 || !value) {
     return badArgument("AEGP_GetNewStreamValue was called without a time, with a time scale of 0 or without a record");
   }
-  const auto source = host.streams.takeValue(stream);
+  const auto source = host.streams.sourceOf(stream);
   if (!source) return PF_Err_BAD_CALLBACK_PARAM;
+  if (source->parameter) return badArgument("AEGP_GetNewStreamValue offers no values of parameters");
+  host.streams.takeValue(stream);
   const double seconds = static_cast<double>(time->value) / time->scale;
   *value = {};
   value->streamH = stream;
@@ -92,6 +95,7 @@ A_Err disposeStreamValue(Value* value) {
 AEGP_StreamSuite2 makeStreamSuite7() {
   auto suite = tableOfUnimplementedSlots<AEGP_StreamSuite2>();
   suite.AEGP_GetNewLayerStream = &getNewLayerStream;
+  suite.AEGP_GetNewEffectStreamByIndex = &getNewEffectStreamByIndex;
   // The slot keeps its place in version 9.
   suite.unused6 = reinterpret_cast<void*>(&getNewMaskStream);
   suite.AEGP_DisposeStream = &disposeStream;
@@ -102,8 +106,9 @@ AEGP_StreamSuite2 makeStreamSuite7() {
 
 AEGP_StreamSuite4 makeStreamSuite9() {
   auto suite = tableOfUnimplementedSlots<AEGP_StreamSuite4>();
-  // The slot keeps its place from version 7.
+  // The slots keep their places from version 7.
   suite.unused0_5[3] = reinterpret_cast<void*>(&getNewLayerStream);
+  suite.unused0_5[5] = reinterpret_cast<void*>(&getNewEffectStreamByIndex);
   suite.AEGP_GetNewMaskStream = &getNewMaskStream;
   suite.AEGP_DisposeStream = &disposeStream;
   suite.AEGP_GetNewStreamValue = &getNewStreamValue<AEGP_StreamValue2>;

@@ -23,6 +23,7 @@ void live(Host& host) {
     instance.getFlattened(flat);
     instance.flatten();
     instance.resetup();
+    instance.updateUi();
     instance.render({.input = &picture});
     instance.renderSmart({.input = &picture});
   }
@@ -47,6 +48,8 @@ std::string expectedSelector(FindingKind kind) {
       {FindingKind::OutputBeforeInput, "PF_Cmd_SMART_RENDER"},
       {FindingKind::ResultRectOutsideRequest, "PF_Cmd_SMART_PRE_RENDER"},
       {FindingKind::ResultRectOutsideMaximum, "PF_Cmd_SMART_PRE_RENDER"},
+      {FindingKind::EffectNotDisposed, "PF_Cmd_UPDATE_PARAMS_UI"},
+      {FindingKind::EffectDisposedBeforeStream, "PF_Cmd_UPDATE_PARAMS_UI"},
       {FindingKind::FlatDataIsLive, "PF_Cmd_GET_FLATTENED_SEQUENCE_DATA"},
       {FindingKind::FlatHandleNotDisposed, "PF_Cmd_SEQUENCE_RESETUP"},
   };

@@ -333,6 +333,27 @@ PF_Err sequenceSetdown(PF_InData* in) {
   return PF_Err_NONE;
 }
 
+// --- The panel ---
+
+// Shows the first parameter.
+PF_Err updateParamsUi(PF_InData* in) {
+  const Suite<AEGP_PFInterfaceSuite1> effects(in, kAEGPPFInterfaceSuite, kAEGPPFInterfaceSuiteVersion1);
+  const Suite<AEGP_EffectSuite2> references(in, kAEGPEffectSuite, kAEGPEffectSuiteVersion2);
+  const Suite<AEGP_StreamSuite2> streams(in, kAEGPStreamSuite, kAEGPStreamSuiteVersion7);
+  const Suite<AEGP_DynamicStreamSuite2> flags(in, kAEGPDynamicStreamSuite, kAEGPDynamicStreamSuiteVersion2);
+  AEGP_EffectRefH effect = nullptr;
+  AEGP_StreamRefH stream = nullptr;
+  if (!effects || !references || !streams || !flags) return PF_Err_NONE;
+  if (effects->AEGP_GetNewEffectForEffect(0, in->effect_ref, &effect) != PF_Err_NONE) return PF_Err_NONE;
+  const bool opened = streams->AEGP_GetNewEffectStreamByIndex(0, effect, 1, &stream) == PF_Err_NONE;
+  if (opened) flags->AEGP_SetDynamicStreamFlag(stream, AEGP_DynStreamFlag_HIDDEN, 0, 0);
+  const bool outOfOrder = does("EffectDisposedBeforeStream");
+  if (outOfOrder) references->AEGP_DisposeEffect(effect);
+  if (opened) streams->AEGP_DisposeStream(stream);
+  if (!outOfOrder && !does("EffectNotDisposed")) references->AEGP_DisposeEffect(effect);
+  return PF_Err_NONE;
+}
+
 // --- Rendering ---
 
 struct CopyJob {
@@ -436,6 +457,8 @@ QUILTOR_EXPORT PF_Err EntryPointFunc(A_long selector, PF_InData* in, PF_OutData*
       return sequenceFlatten(in, out, false);
     case PF_Cmd_SEQUENCE_SETDOWN:
       return sequenceSetdown(in);
+    case PF_Cmd_UPDATE_PARAMS_UI:
+      return updateParamsUi(in);
     case PF_Cmd_RENDER:
       return render(in, params, output);
     case PF_Cmd_SMART_PRE_RENDER:
