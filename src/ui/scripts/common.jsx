@@ -1,0 +1,1 @@
+// What the two dialogs share.

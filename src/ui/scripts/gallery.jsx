@@ -1,0 +1,6 @@
+// The gallery, in which the user picks a pattern.
+function galleryDlg() {
+    return "";
+}
+
+galleryDlg();

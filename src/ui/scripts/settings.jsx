@@ -1,0 +1,6 @@
+// The settings of the pattern library.
+function configDlg() {
+    return "";
+}
+
+configDlg();
