@@ -1,7 +1,7 @@
 #include "standalone/host/interaction.h"
 
 #include <algorithm>
-#include <cstring>
+#include <iterator>
 #include <string>
 
 #include "standalone/host/call_context.h"
@@ -22,7 +22,11 @@ PF_Err badArgument(const char* text) {
 PF_Err checkoutParam(PF_ProgPtr effect, PF_ParamIndex index, A_long time, A_long, A_u_long timeScale,
                      PF_ParamDef* destination) {
   CallContext* context = contextOf(effect);
-  if (!context || context->host.faults.strikes(HostCall::CheckoutParam)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!context) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err code =
+          context->host.faults.refusal(HostCall::CheckoutParam, "checkout_param " + std::to_string(index))) {
+    return code;
+  }
   if (!destination) return badArgument("checkout_param was called without a destination");
   return context->checkOut(index, time, timeScale, *destination);
 }
@@ -30,10 +34,10 @@ PF_Err checkoutParam(PF_ProgPtr effect, PF_ParamIndex index, A_long time, A_long
 PF_Err checkinParam(PF_ProgPtr effect, PF_ParamDef* record) {
   CallContext* context = contextOf(effect);
   if (!context) return PF_Err_BAD_CALLBACK_PARAM;
-  const bool strikes = context->host.faults.strikes(HostCall::CheckinParam);
+  const PF_Err refused = context->host.faults.refusal(HostCall::CheckinParam, "checkin_param");
   if (!record) return badArgument("checkin_param was called without a record");
   const PF_Err code = context->checkIn(*record);
-  return strikes ? PF_Err_BAD_CALLBACK_PARAM : code;
+  return code ? code : refused;
 }
 
 Registration* registrationOf(CallContext& context, const char* function) {
@@ -44,9 +48,18 @@ Registration* registrationOf(CallContext& context, const char* function) {
   return context.registration;
 }
 
+// " \"Opacity\"", as far as the name goes.
+std::string nameIn(const PF_ParamDef* definition) {
+  if (!definition) return "";
+  const auto end = std::find(std::begin(definition->name), std::end(definition->name), '\0');
+  return " \"" + std::string(std::begin(definition->name), end) + "\"";
+}
+
 PF_Err addParam(PF_ProgPtr effect, PF_ParamIndex index, PF_ParamDefPtr definition) {
   CallContext* context = contextOf(effect);
-  if (!context || context->host.faults.strikes(HostCall::AddParam)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!context) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "add_param" + nameIn(definition);
+  if (const PF_Err code = context->host.faults.refusal(HostCall::AddParam, what)) return code;
   if (!definition) return badArgument("add_param was called without a definition");
   Registration* registration = registrationOf(*context, "add_param");
   if (!registration) return PF_Err_BAD_CALLBACK_PARAM;
@@ -56,7 +69,8 @@ PF_Err addParam(PF_ProgPtr effect, PF_ParamIndex index, PF_ParamDefPtr definitio
 
 PF_Err registerUi(PF_ProgPtr effect, PF_CustomUIInfo* info) {
   CallContext* context = contextOf(effect);
-  if (!context || context->host.faults.strikes(HostCall::RegisterUi)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!context) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = context->host.faults.refusal(HostCall::RegisterUi, "register_ui")) return refused;
   if (!info) return badArgument("register_ui was called without a record");
   Registration* registration = registrationOf(*context, "register_ui");
   if (!registration) return PF_Err_BAD_CALLBACK_PARAM;
@@ -73,6 +87,7 @@ PF_Err abortCall(PF_ProgPtr effect) {
                                                        std::to_string(currentThreadIndex()));
   }
   const int count = host.abortCallCount.fetch_add(1);
+  if (const PF_Err refused = host.faults.refusal(HostCall::Abort, "abort", PF_Interrupt_CANCEL)) return refused;
   return host.options.onAbort ? host.options.onAbort(count) : PF_Err_NONE;
 }
 

@@ -29,26 +29,35 @@ PF_Err badArgument(const char* text) {
 PF_Err checkoutLayer(PF_ProgPtr effect, PF_ParamIndex index, A_long id, const PF_RenderRequest* request, A_long time,
                      A_long, A_u_long timeScale, PF_CheckoutResult* result) {
   SmartFrame* frame = frameOf(effect, PF_Cmd_SMART_PRE_RENDER);
-  if (!frame || hostState().faults.strikes(HostCall::CheckoutLayer)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!frame) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "checkout_layer " + std::to_string(index) + " as " + std::to_string(id);
+  if (const PF_Err refused = hostState().faults.refusal(HostCall::CheckoutLayer, what)) return refused;
   if (!request || !result) return badArgument("checkout_layer was called without a request or a result record");
   return frame->checkOutLayer(index, id, request->rect, time, timeScale, *result);
 }
 
 PF_Err checkoutLayerPixels(PF_ProgPtr effect, A_long id, PF_EffectWorld** pixels) {
   SmartFrame* frame = frameOf(effect, PF_Cmd_SMART_RENDER);
-  if (!frame || hostState().faults.strikes(HostCall::CheckoutLayerPixels)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!frame) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "checkout_layer_pixels " + std::to_string(id);
+  if (const PF_Err refused = hostState().faults.refusal(HostCall::CheckoutLayerPixels, what)) return refused;
   if (!pixels) return badArgument("checkout_layer_pixels was called without a destination");
   return frame->checkOutPixels(id, *pixels);
 }
 
 PF_Err checkinLayerPixels(PF_ProgPtr effect, A_long id) {
   SmartFrame* frame = frameOf(effect, PF_Cmd_SMART_RENDER);
-  return frame ? frame->checkInPixels(id) : PF_Err_BAD_CALLBACK_PARAM;
+  if (!frame) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "checkin_layer_pixels " + std::to_string(id);
+  const PF_Err refused = hostState().faults.refusal(HostCall::CheckinLayerPixels, what);
+  const PF_Err code = frame->checkInPixels(id);
+  return code ? code : refused;
 }
 
 PF_Err checkoutOutput(PF_ProgPtr effect, PF_EffectWorld** output) {
   SmartFrame* frame = frameOf(effect, PF_Cmd_SMART_RENDER);
-  if (!frame || hostState().faults.strikes(HostCall::CheckoutOutput)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (!frame) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = hostState().faults.refusal(HostCall::CheckoutOutput, "checkout_output")) return refused;
   if (!output) return badArgument("checkout_output was called without a destination");
   return frame->checkOutOutput(*output);
 }

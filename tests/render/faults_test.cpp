@@ -15,7 +15,7 @@ using standalone::Instance;
 using standalone::RenderResult;
 
 const std::set<PF_Err> kDocumented{PF_Err_OUT_OF_MEMORY, PF_Err_INTERNAL_STRUCT_DAMAGED, PF_Err_BAD_CALLBACK_PARAM,
-                                   kSPSuiteNotFoundError};
+                                   PF_Interrupt_CANCEL, kSPSuiteNotFoundError};
 
 class FaultsRender : public RenderTest {
  protected:

@@ -8,6 +8,8 @@ thread_local int indexInCall = 0;
 
 }  // namespace
 
+std::string nameOf(const SuiteId& suite) { return "\"" + suite.first + "\" " + std::to_string(suite.second); }
+
 EnterCall::EnterCall(CallScope* entered, int threadIndex) : previousCall_(call), previousIndex_(indexInCall) {
   call = entered;
   indexInCall = threadIndex;

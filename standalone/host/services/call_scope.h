@@ -12,6 +12,9 @@ namespace quiltor::standalone {
 
 using SuiteId = std::pair<std::string, int>;
 
+// "PF World Suite" 2, with the quotation marks.
+[[nodiscard]] std::string nameOf(const SuiteId& suite);
+
 // One call into an effect, as long as it lasts. Its address is the effect reference that the effect gets, so that every
 // host function knows the call it belongs to.
 class CallScope {

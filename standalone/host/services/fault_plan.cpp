@@ -1,5 +1,9 @@
 #include "standalone/host/services/fault_plan.h"
 
+#include <utility>
+
+#include "standalone/host/services/call_scope.h"
+
 namespace quiltor::standalone {
 
 void FaultPlan::failAt(std::size_t k) { restart(std::nullopt, k, false); }
@@ -15,6 +19,24 @@ void FaultPlan::restart(std::optional<HostCall> call, std::size_t k, bool always
   struck_ = false;
   total_ = 0;
   counts_.fill(0);
+  listing_ = false;
+  listed_.clear();
+}
+
+void FaultPlan::list() {
+  failNever();
+  std::lock_guard lock(mutex_);
+  listing_ = true;
+}
+
+std::vector<ListedCall> FaultPlan::listed() const {
+  std::lock_guard lock(mutex_);
+  return listed_;
+}
+
+void FaultPlan::answerWith(PF_Err code) {
+  std::lock_guard lock(mutex_);
+  answer_ = code;
 }
 
 bool FaultPlan::struck() const {
@@ -32,7 +54,7 @@ std::size_t FaultPlan::count(HostCall call) const {
   return counts_[static_cast<std::size_t>(call)];
 }
 
-bool FaultPlan::strikes(HostCall call) {
+bool FaultPlan::strikes(HostCall call, std::string what) {
   std::lock_guard lock(mutex_);
   std::size_t& ofClass = counts_[static_cast<std::size_t>(call)];
   const bool matches = !call_ || *call_ == call;
@@ -40,7 +62,14 @@ bool FaultPlan::strikes(HostCall call) {
   ++ofClass;
   ++total_;
   struck_ = struck_ || strike;
+  if (listing_) listed_.push_back({call, std::move(what), currentSelector()});
   return strike;
+}
+
+PF_Err FaultPlan::refusal(HostCall call, std::string what, PF_Err own) {
+  if (!strikes(call, std::move(what))) return PF_Err_NONE;
+  std::lock_guard lock(mutex_);
+  return answer_ ? answer_ : own;
 }
 
 }  // namespace quiltor::standalone

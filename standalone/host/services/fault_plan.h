@@ -5,6 +5,10 @@
 #include <limits>
 #include <mutex>
 #include <optional>
+#include <string>
+#include <vector>
+
+#include "hostapi/effect.h"
 
 namespace quiltor::standalone {
 
@@ -20,6 +24,7 @@ enum class HostCall {
   RegisterUi,           // answers 516
   CheckoutLayer,        // smart pre-render: answers 516
   CheckoutLayerPixels,  // smart render: answers 516
+  CheckinLayerPixels,   // smart render: answers 516, but the check-in counts
   CheckoutOutput,       // smart render: answers 516
   NewWorld,             // answers 4
   DisposeWorld,         // answers 516, but the world is disposed
@@ -49,7 +54,17 @@ enum class HostCall {
   LockMemory,           // of a script's result: answers 516, nothing is locked
   UnlockMemory,         // answers 516, but the unlock counts
   FreeMemory,           // answers 516, but the memory is freed
+  Abort,                // abort and progress: answers 517
   Count_,
+};
+
+// A call that was counted while calls were listed.
+struct ListedCall {
+  HostCall kind;
+  std::string what;      // the function and what it was asked for, such as "AcquireSuite \"PF World Suite\" 2"
+  std::string selector;  // the call into the effect that it came from
+
+  bool operator==(const ListedCall&) const = default;
 };
 
 // Decides which host calls fail, and counts them all. Calls that give something back still do their work when they
@@ -70,13 +85,22 @@ class FaultPlan {
   void failAlways(HostCall call);
   // Nothing fails. Counts restart at 0.
   void failNever();
+  // The same, and keeps a list of the calls: the k-th of it is what failAt(k) makes fail when all goes alike.
+  void list();
+  [[nodiscard]] std::vector<ListedCall> listed() const;
+
+  // Failing calls that answer with a code answer with this one instead of their own, in all plans to come; 0: with
+  // their own. It tells an effect that passes the host's answer on from one that has an answer of its own.
+  void answerWith(PF_Err code);
 
   [[nodiscard]] bool struck() const;  // whether a call was failed since the plan was set
   [[nodiscard]] std::size_t count() const;
   [[nodiscard]] std::size_t count(HostCall call) const;
 
   // For the services: counts one call and tells whether it has to fail.
-  [[nodiscard]] bool strikes(HostCall call);
+  [[nodiscard]] bool strikes(HostCall call, std::string what = {});
+  // The same for a call that answers with a code: 0, or what to answer.
+  [[nodiscard]] PF_Err refusal(HostCall call, std::string what = {}, PF_Err own = PF_Err_BAD_CALLBACK_PARAM);
 
  private:
   static constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
@@ -87,6 +111,9 @@ class FaultPlan {
   std::size_t k_ = kNever;
   bool always_ = false;
   bool struck_ = false;
+  bool listing_ = false;
+  PF_Err answer_ = PF_Err_NONE;
+  std::vector<ListedCall> listed_;
   std::size_t total_ = 0;
   std::array<std::size_t, static_cast<std::size_t>(HostCall::Count_)> counts_{};
 };

@@ -4,6 +4,8 @@
 
 #include <string>
 
+#include "standalone/host/services/call_scope.h"
+
 namespace quiltor::standalone {
 namespace {
 
@@ -55,6 +57,32 @@ TEST(FaultPlan, StartsAgainWithANewPlan) {
   EXPECT_FALSE(plan.struck());
   EXPECT_EQ(plan.count(), 0u);
   EXPECT_EQ(strikesOf(plan, {kA}), ".");
+}
+
+TEST(FaultPlan, ListsWhatIsAskedUntilANewPlanIsMade) {
+  FaultPlan plan;
+  EXPECT_FALSE(plan.strikes(kA, "before"));
+  plan.list();
+  CallScope call("PF_Cmd_ABOUT", nullptr);
+  {
+    const EnterCall enter(&call);
+    EXPECT_FALSE(plan.strikes(kA, "first"));
+    EXPECT_EQ(plan.refusal(kB, "second"), PF_Err_NONE);
+  }
+  EXPECT_EQ(plan.listed(), (std::vector<ListedCall>{{kA, "first", "PF_Cmd_ABOUT"}, {kB, "second", "PF_Cmd_ABOUT"}}));
+  plan.failNever();
+  EXPECT_FALSE(plan.strikes(kA, "after"));
+  EXPECT_TRUE(plan.listed().empty());
+}
+
+TEST(FaultPlan, AnswersWithTheCallsOwnCodeUntilToldAnother) {
+  FaultPlan plan;
+  plan.failAlways(kA);
+  EXPECT_EQ(plan.refusal(kA), PF_Err_BAD_CALLBACK_PARAM);
+  EXPECT_EQ(plan.refusal(kA, "", PF_Err_OUT_OF_MEMORY), PF_Err_OUT_OF_MEMORY);
+  plan.answerWith(4711);
+  EXPECT_EQ(plan.refusal(kA, "", PF_Err_OUT_OF_MEMORY), 4711);
+  EXPECT_EQ(plan.refusal(kB), PF_Err_NONE);
 }
 
 }  // namespace

@@ -123,6 +123,12 @@ std::vector<unsigned char> HandleTable::bytes(PF_Handle handle) const {
   return {data, data + block->size};
 }
 
+std::string HandleTable::name(PF_Handle handle) const {
+  std::lock_guard lock(mutex_);
+  const Block* block = findLive(handle);
+  return block ? nameOf(*block) : "what is no handle";
+}
+
 std::size_t HandleTable::liveCount() const {
   std::lock_guard lock(mutex_);
   return static_cast<std::size_t>(

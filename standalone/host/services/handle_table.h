@@ -29,6 +29,8 @@ class HandleTable {
   [[nodiscard]] bool alive(PF_Handle handle) const;
   [[nodiscard]] std::vector<unsigned char> bytes(PF_Handle handle) const;
   [[nodiscard]] std::size_t liveCount() const;
+  // "a handle of 8 bytes made in PF_Cmd_ABOUT".
+  [[nodiscard]] std::string name(PF_Handle handle) const;
   void drop(PF_Handle handle);
 
   // After a call: locks that it left, and guard bytes of all live handles.

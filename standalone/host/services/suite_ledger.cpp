@@ -1,11 +1,6 @@
 #include "standalone/host/services/suite_ledger.h"
 
 namespace quiltor::standalone {
-namespace {
-
-std::string nameOf(const SuiteId& suite) { return "\"" + suite.first + "\" " + std::to_string(suite.second); }
-
-}  // namespace
 
 void SuiteLedger::acquired(const SuiteId& suite) {
   std::lock_guard lock(mutex_);

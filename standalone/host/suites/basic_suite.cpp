@@ -19,8 +19,9 @@ SPErr acquireSuite(const char* name, int32_t version, const void** suite) {
     return kSPBadParameterError;
   }
   const SuiteId id{name, version};
-  const void* table = host.faults.strikes(HostCall::AcquireSuite) ? nullptr : findSuite(id);
-  host.trace("suite \"" + id.first + "\" " + std::to_string(version) + (table ? "" : " refused"));
+  const bool refused = host.faults.strikes(HostCall::AcquireSuite, "AcquireSuite " + nameOf(id));
+  const void* table = refused ? nullptr : findSuite(id);
+  host.trace("suite " + nameOf(id) + (table ? "" : " refused"));
   if (!table) return kSPSuiteNotFoundError;
   host.suites.acquired(id);
   *suite = table;
@@ -33,8 +34,9 @@ SPErr releaseSuite(const char* name, int32_t version) {
     host.findings.record(FindingKind::BadArgument, "ReleaseSuite was called with a null name");
     return kSPBadParameterError;
   }
-  const bool strikes = host.faults.strikes(HostCall::ReleaseSuite);
-  const bool released = host.suites.released({name, version});
+  const SuiteId id{name, version};
+  const bool strikes = host.faults.strikes(HostCall::ReleaseSuite, "ReleaseSuite " + nameOf(id));
+  const bool released = host.suites.released(id);
   return strikes || !released ? kSPSuiteAlreadyReleasedError : kSPNoError;
 }
 

@@ -13,11 +13,11 @@ namespace {
 
 A_Err disposeEffect(AEGP_EffectRefH reference) {
   HostState& host = hostState();
-  const bool strikes = host.faults.strikes(HostCall::DisposeEffect);
+  const PF_Err refused = host.faults.refusal(HostCall::DisposeEffect, "AEGP_DisposeEffect");
   if (!host.effects.panelOf(reference)) return PF_Err_BAD_CALLBACK_PARAM;
   host.streams.checkEffect(reference);
   host.effects.dispose(reference);
-  return strikes ? PF_Err_BAD_CALLBACK_PARAM : PF_Err_NONE;
+  return refused;
 }
 
 // The parameter behind a stream; null, and recorded, when the stream is of something else.
@@ -31,7 +31,7 @@ PanelEntry* parameterOf(AEGP_StreamRefH stream, const char* function) {
 
 A_Err getDynamicStreamFlags(AEGP_StreamRefH stream, AEGP_DynStreamFlags* flags) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::StreamFlag)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::StreamFlag, "AEGP_GetDynamicStreamFlags")) return refused;
   if (!flags) return badArgument("AEGP_GetDynamicStreamFlags was called without a destination");
   const PanelEntry* parameter = parameterOf(stream, "AEGP_GetDynamicStreamFlags");
   if (!parameter) return PF_Err_BAD_CALLBACK_PARAM;
@@ -43,7 +43,7 @@ A_Err getDynamicStreamFlags(AEGP_StreamRefH stream, AEGP_DynStreamFlags* flags) 
 
 A_Err setDynamicStreamFlag(AEGP_StreamRefH stream, AEGP_DynStreamFlags flag, A_Boolean undoable, A_Boolean set) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::StreamFlag)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::StreamFlag, "AEGP_SetDynamicStreamFlag")) return refused;
   PanelEntry* parameter = parameterOf(stream, "AEGP_SetDynamicStreamFlag");
   if (!parameter) return PF_Err_BAD_CALLBACK_PARAM;
   if (!std::has_single_bit(flag)) return badArgument("AEGP_SetDynamicStreamFlag sets one flag at a time");
@@ -58,7 +58,7 @@ A_Err setDynamicStreamFlag(AEGP_StreamRefH stream, AEGP_DynStreamFlags flag, A_B
 
 A_Err setStreamName(AEGP_StreamRefH stream, const A_char* name) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::StreamName)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::StreamName, "AEGP_SetStreamName")) return refused;
   PanelEntry* parameter = parameterOf(stream, "AEGP_SetStreamName");
   if (!parameter) return PF_Err_BAD_CALLBACK_PARAM;
   if (!name || std::char_traits<char>::length(name) > PF_MAX_EFFECT_PARAM_NAME_LEN) {
@@ -86,7 +86,7 @@ AEGP_DynamicStreamSuite2 makeDynamicStreamSuite() {
 
 A_Err getNewEffectForEffect(AEGP_PluginID, PF_ProgPtr effect, AEGP_EffectRefH* reference) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Effect)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::Effect, "AEGP_GetNewEffectForEffect")) return refused;
   const CallScope* call = host.callOf(effect);
   if (!call) return PF_Err_BAD_CALLBACK_PARAM;
   if (!reference) return badArgument("AEGP_GetNewEffectForEffect was called without a destination");
@@ -103,7 +103,8 @@ A_Err getNewEffectForEffect(AEGP_PluginID, PF_ProgPtr effect, AEGP_EffectRefH* r
 A_Err getNewEffectStreamByIndex(AEGP_PluginID, AEGP_EffectRefH reference, PF_ParamIndex index,
                                 AEGP_StreamRefH* stream) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Stream)) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "AEGP_GetNewEffectStreamByIndex " + std::to_string(index);
+  if (const PF_Err refused = host.faults.refusal(HostCall::Stream, what)) return refused;
   Panel* panel = host.effects.panelOf(reference);
   if (!panel) return PF_Err_BAD_CALLBACK_PARAM;
   if (!stream || index < 0 || static_cast<std::size_t>(index) >= panel->size()) {

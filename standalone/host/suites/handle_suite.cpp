@@ -7,12 +7,16 @@ namespace {
 
 PF_Handle newHandle(A_HandleSize size) {
   HostState& host = hostState();
-  return host.faults.strikes(HostCall::NewHandle) ? nullptr : host.handles.make(size);
+  return host.faults.strikes(HostCall::NewHandle, "host_new_handle of " + std::to_string(size) + " bytes")
+             ? nullptr
+             : host.handles.make(size);
 }
 
 void* lockHandle(PF_Handle handle) {
   HostState& host = hostState();
-  return host.faults.strikes(HostCall::LockHandle) ? nullptr : host.handles.lock(handle);
+  return host.faults.strikes(HostCall::LockHandle, "host_lock_handle of " + host.handles.name(handle))
+             ? nullptr
+             : host.handles.lock(handle);
 }
 
 void unlockHandle(PF_Handle handle) { hostState().handles.unlock(handle); }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <atomic>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -52,7 +53,8 @@ class Iteration {
 
 PF_Err iterateGeneric(A_long iterations, void* refcon, Worker worker) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Iterate)) return PF_Err_OUT_OF_MEMORY;
+  const std::string what = "iterate_generic over " + std::to_string(iterations);
+  if (const PF_Err refused = host.faults.refusal(HostCall::Iterate, what, PF_Err_OUT_OF_MEMORY)) return refused;
   const int available = std::max(1, host.options.iterateThreads);
   const A_long count = iterations == PF_Iterations_ONCE_PER_PROCESSOR ? available : iterations;
   if (count < 0 || !worker) {

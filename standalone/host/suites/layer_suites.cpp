@@ -13,7 +13,8 @@ namespace {
 
 A_Err getEffectLayer(PF_ProgPtr effect, AEGP_LayerH* layer) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Layer) || !host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::Layer, "AEGP_GetEffectLayer")) return refused;
+  if (!host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
   if (!layer) return badArgument("AEGP_GetEffectLayer was called without a destination");
   *layer = layerHandle();
   return PF_Err_NONE;
@@ -21,7 +22,7 @@ A_Err getEffectLayer(PF_ProgPtr effect, AEGP_LayerH* layer) {
 
 A_Err getLayerNumMasks(AEGP_LayerH layer, A_long* count) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Mask)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::Mask, "AEGP_GetLayerNumMasks")) return refused;
   if (!requireLayer(layer, "the number of masks")) return PF_Err_BAD_CALLBACK_PARAM;
   if (!count) return badArgument("AEGP_GetLayerNumMasks was called without a destination");
   *count = static_cast<A_long>(host.options.masks.size());
@@ -30,7 +31,8 @@ A_Err getLayerNumMasks(AEGP_LayerH layer, A_long* count) {
 
 A_Err getLayerMaskByIndex(AEGP_LayerH layer, AEGP_MaskIndex index, AEGP_MaskRefH* mask) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Mask)) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "AEGP_GetLayerMaskByIndex " + std::to_string(index);
+  if (const PF_Err refused = host.faults.refusal(HostCall::Mask, what)) return refused;
   if (!requireLayer(layer, "a mask")) return PF_Err_BAD_CALLBACK_PARAM;
   if (!mask) return badArgument("AEGP_GetLayerMaskByIndex was called without a destination");
   const std::vector<Mask>& masks = host.options.masks;
@@ -43,23 +45,22 @@ A_Err getLayerMaskByIndex(AEGP_LayerH layer, AEGP_MaskIndex index, AEGP_MaskRefH
 
 A_Err getMaskId(AEGP_MaskRefH mask, AEGP_MaskIDVal* id) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Mask)) return PF_Err_BAD_CALLBACK_PARAM;
   if (!id) return badArgument("AEGP_GetMaskID was called without a destination");
   const auto found = host.masks.idOf(mask);
   if (!found) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "AEGP_GetMaskID of mask " + std::to_string(*found);
+  if (const PF_Err refused = host.faults.refusal(HostCall::Mask, what)) return refused;
   *id = *found;
   return PF_Err_NONE;
 }
 
 A_Err disposeMask(AEGP_MaskRefH mask) {
   HostState& host = hostState();
-  const bool strikes = host.faults.strikes(HostCall::DisposeMask);
-  if (host.masks.idOf(mask)) {
-    host.streams.checkMask(mask);
-    host.masks.dispose(mask);
-    if (!strikes) return PF_Err_NONE;
-  }
-  return PF_Err_BAD_CALLBACK_PARAM;
+  const PF_Err refused = host.faults.refusal(HostCall::DisposeMask, "AEGP_DisposeMask");
+  if (!host.masks.idOf(mask)) return PF_Err_BAD_CALLBACK_PARAM;
+  host.streams.checkMask(mask);
+  host.masks.dispose(mask);
+  return refused;
 }
 
 AEGP_PFInterfaceSuite1 makePfInterfaceSuite() {

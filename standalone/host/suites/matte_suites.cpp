@@ -57,7 +57,8 @@ A_Err maskWorldWithPath(PF_ProgPtr effect, PF_PathOutlinePtr* path, PF_FpLong fe
                         PF_Boolean invert, PF_FpLong opacity, PF_Quality quality, PF_EffectWorld* world,
                         PF_Rect* bounds) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::DrawPath) || !host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::DrawPath, "PF_MaskWorldWithPath")) return refused;
+  if (!host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
   if (!path) return badArgument("PF_MaskWorldWithPath needs the address of the path's pointer");
   const auto outline = host.paths.outlineOf(*path);
   if (!outline) return PF_Err_BAD_CALLBACK_PARAM;
@@ -97,7 +98,8 @@ A_Err maskWorldWithPath(PF_ProgPtr effect, PF_PathOutlinePtr* path, PF_FpLong fe
 
 PF_Err fill(PF_ProgPtr effect, const PF_Pixel* color, const PF_Rect* rectangle, PF_EffectWorld* world) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Fill) || !host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::Fill, "fill of the matte")) return refused;
+  if (!host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
   if (!color || !world || formatOf(*world) != WorldFormat::Argb8) {
     return badArgument("fill takes a colour and a world of 8 bits of the host");
   }

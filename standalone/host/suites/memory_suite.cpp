@@ -26,7 +26,7 @@ PF_Handle handleBehind(AEGP_MemHandle mem) {
 
 A_Err lockMemHandle(AEGP_MemHandle mem, void** pointer) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::LockMemory)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::LockMemory, "AEGP_LockMemHandle")) return refused;
   if (!pointer) return badArgument("AEGP_LockMemHandle was called without a destination");
   *pointer = host.memory.lock(handleBehind(mem));
   return *pointer ? PF_Err_NONE : PF_Err_BAD_CALLBACK_PARAM;
@@ -34,18 +34,18 @@ A_Err lockMemHandle(AEGP_MemHandle mem, void** pointer) {
 
 A_Err unlockMemHandle(AEGP_MemHandle mem) {
   HostState& host = hostState();
-  const bool strikes = host.faults.strikes(HostCall::UnlockMemory);
+  const PF_Err refused = host.faults.refusal(HostCall::UnlockMemory, "AEGP_UnlockMemHandle");
   const bool alive = host.memory.alive(handleBehind(mem));
   host.memory.unlock(handleBehind(mem));
-  return alive && !strikes ? PF_Err_NONE : PF_Err_BAD_CALLBACK_PARAM;
+  return alive ? refused : PF_Err_BAD_CALLBACK_PARAM;
 }
 
 A_Err freeMemHandle(AEGP_MemHandle mem) {
   HostState& host = hostState();
-  const bool strikes = host.faults.strikes(HostCall::FreeMemory);
+  const PF_Err refused = host.faults.refusal(HostCall::FreeMemory, "AEGP_FreeMemHandle");
   const bool alive = host.memory.alive(handleBehind(mem));
   host.memory.dispose(handleBehind(mem));
-  return alive && !strikes ? PF_Err_NONE : PF_Err_BAD_CALLBACK_PARAM;
+  return alive ? refused : PF_Err_BAD_CALLBACK_PARAM;
 }
 
 A_Err getMemHandleSize(AEGP_MemHandle mem, AEGP_MemSize* size) {

@@ -10,7 +10,7 @@ namespace {
 
 PF_Err setOptionsButtonName(PF_ProgPtr effect, const A_char* name) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::SetOptionsButton)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::SetOptionsButton, "PF_SetOptionsButtonName")) return refused;
   if (!host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
   if (!name) {
     host.findings.record(FindingKind::BadArgument, "PF_SetOptionsButtonName was called without a name");
@@ -22,7 +22,8 @@ PF_Err setOptionsButtonName(PF_ProgPtr effect, const A_char* name) {
 
 PF_Err updateParamUi(PF_ProgPtr effect, PF_ParamIndex index, const PF_ParamDef* definition) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::UpdateParamUi)) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "PF_UpdateParamUI " + std::to_string(index);
+  if (const PF_Err code = host.faults.refusal(HostCall::UpdateParamUi, what)) return code;
   const CallScope* call = host.callOf(effect);
   if (!call) return PF_Err_BAD_CALLBACK_PARAM;
   if (!call->panel || call->panelAccess != PanelAccess::Definitions) {
@@ -44,7 +45,7 @@ PF_Err updateParamUi(PF_ProgPtr effect, PF_ParamIndex index, const PF_ParamDef* 
 
 PF_Err refreshAllWindows() {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::RefreshWindows)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::RefreshWindows, "PF_RefreshAllWindows")) return refused;
   ++host.refreshAllWindowsCount;
   return PF_Err_NONE;
 }

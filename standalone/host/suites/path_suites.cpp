@@ -15,7 +15,8 @@ namespace {
 
 PF_Err numPaths(PF_ProgPtr effect, A_long* count) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Path) || !host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::Path, "PF_NumPaths")) return refused;
+  if (!host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
   if (!count) return badArgument("PF_NumPaths was called without a destination");
   *count = static_cast<A_long>(host.options.masks.size());
   return PF_Err_NONE;
@@ -23,7 +24,9 @@ PF_Err numPaths(PF_ProgPtr effect, A_long* count) {
 
 PF_Err pathInfo(PF_ProgPtr effect, A_long index, PF_PathID* id) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Path) || !host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "PF_PathInfo " + std::to_string(index);
+  if (const PF_Err refused = host.faults.refusal(HostCall::Path, what)) return refused;
+  if (!host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
   if (!id) return badArgument("PF_PathInfo was called without a destination");
   const std::vector<Mask>& masks = host.options.masks;
   if (index < 0 || static_cast<std::size_t>(index) >= masks.size()) {
@@ -36,7 +39,8 @@ PF_Err pathInfo(PF_ProgPtr effect, A_long index, PF_PathID* id) {
 // The path at the render's resolution; null where the layer has no such mask and for a mask without corners.
 PF_Err checkoutPath(PF_ProgPtr effect, PF_PathID id, A_long time, A_long, A_u_long timeScale, PF_PathOutlinePtr* path) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Path)) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "PF_CheckoutPath " + std::to_string(id);
+  if (const PF_Err refused = host.faults.refusal(HostCall::Path, what)) return refused;
   const CallScope* call = host.callOf(effect);
   if (!call) return PF_Err_BAD_CALLBACK_PARAM;
   if (!path || timeScale == 0) {
@@ -53,16 +57,18 @@ PF_Err checkoutPath(PF_ProgPtr effect, PF_PathID id, A_long time, A_long, A_u_lo
 
 PF_Err checkinPath(PF_ProgPtr effect, PF_PathID id, PF_Boolean changed, PF_PathOutlinePtr path) {
   HostState& host = hostState();
-  const bool strikes = host.faults.strikes(HostCall::CheckinPath);
+  const PF_Err refused = host.faults.refusal(HostCall::CheckinPath, "PF_CheckinPath " + std::to_string(id));
   const CallScope* call = host.callOf(effect);
   if (!call || !host.paths.checkIn(*call, id, path)) return PF_Err_BAD_CALLBACK_PARAM;
   if (changed) return badArgument("path " + std::to_string(id) + " was checked in as changed, and nothing changes it");
-  return strikes ? PF_Err_BAD_CALLBACK_PARAM : PF_Err_NONE;
+  return refused;
 }
 
 PF_Err pathIsInverted(PF_ProgPtr effect, PF_PathID id, PF_Boolean* inverted) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Path) || !host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "PF_PathIsInverted " + std::to_string(id);
+  if (const PF_Err refused = host.faults.refusal(HostCall::Path, what)) return refused;
+  if (!host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
   const auto mask = layerMask(host.options, static_cast<int32_t>(id));
   if (!mask || !inverted) {
     return badArgument("PF_PathIsInverted was asked about path " + std::to_string(id) +

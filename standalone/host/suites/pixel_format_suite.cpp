@@ -7,7 +7,7 @@ namespace {
 
 PF_Err addSupportedPixelFormat(PF_ProgPtr effect, PrPixelFormat format) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::AddPixelFormat)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::AddPixelFormat, "AddSupportedPixelFormat")) return refused;
   const CallScope* call = host.callOf(effect);
   if (!call) return PF_Err_BAD_CALLBACK_PARAM;
   if (call->selector() != "PF_Cmd_GLOBAL_SETUP") {
@@ -19,7 +19,7 @@ PF_Err addSupportedPixelFormat(PF_ProgPtr effect, PrPixelFormat format) {
 
 PF_Err getPixelFormat(PF_EffectWorld* world, PrPixelFormat* code) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::GetPixelFormat)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::GetPixelFormat, "GetPixelFormat")) return refused;
   const auto format = world ? formatOf(*world) : std::nullopt;
   if (!format || !code) {
     host.findings.record(FindingKind::BadArgument, "GetPixelFormat was asked about what is no world of the host");

@@ -11,7 +11,8 @@ namespace {
 
 A_Err getNewLayerStream(AEGP_PluginID, AEGP_LayerH layer, AEGP_LayerStream code, AEGP_StreamRefH* stream) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Stream)) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "AEGP_GetNewLayerStream " + std::to_string(code);
+  if (const PF_Err refused = host.faults.refusal(HostCall::Stream, what)) return refused;
   if (!requireLayer(layer, "a stream")) return PF_Err_BAD_CALLBACK_PARAM;
   if (!stream || code < AEGP_LayerStream_ANCHORPOINT || code > AEGP_LayerStream_ROTATION) {
     return badArgument("AEGP_GetNewLayerStream offers anchor, position, scale and rotation, and needs a destination");
@@ -22,7 +23,8 @@ A_Err getNewLayerStream(AEGP_PluginID, AEGP_LayerH layer, AEGP_LayerStream code,
 
 A_Err getNewMaskStream(AEGP_PluginID, AEGP_MaskRefH mask, AEGP_MaskStream code, AEGP_StreamRefH* stream) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::Stream)) return PF_Err_BAD_CALLBACK_PARAM;
+  const std::string what = "AEGP_GetNewMaskStream " + std::to_string(code);
+  if (const PF_Err refused = host.faults.refusal(HostCall::Stream, what)) return refused;
   const auto id = host.masks.idOf(mask);
   if (!id) return PF_Err_BAD_CALLBACK_PARAM;
   if (!stream || code < AEGP_MaskStream_OPACITY || code > AEGP_MaskStream_EXPANSION) {
@@ -35,8 +37,8 @@ A_Err getNewMaskStream(AEGP_PluginID, AEGP_MaskRefH mask, AEGP_MaskStream code, 
 
 A_Err disposeStream(AEGP_StreamRefH stream) {
   HostState& host = hostState();
-  const bool strikes = host.faults.strikes(HostCall::DisposeStream);
-  return host.streams.dispose(stream) && !strikes ? PF_Err_NONE : PF_Err_BAD_CALLBACK_PARAM;
+  const PF_Err refused = host.faults.refusal(HostCall::DisposeStream, "AEGP_DisposeStream");
+  return host.streams.dispose(stream) ? refused : PF_Err_BAD_CALLBACK_PARAM;
 }
 
 AEGP_ThreeDVal transformValue(const HostOptions& options, AEGP_LayerStream code, double seconds) {
@@ -66,13 +68,14 @@ template <class Value>
 A_Err getNewStreamValue(AEGP_PluginID, AEGP_StreamRefH stream, AEGP_LTimeMode, const A_Time* time, A_Boolean,
                         Value* value) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::StreamValue)) return PF_Err_BAD_CALLBACK_PARAM;
   if (!time || time->scale == 0 || !value) {
     return badArgument("AEGP_GetNewStreamValue was called without a time, with a time scale of 0 or without a record");
   }
   const auto source = host.streams.sourceOf(stream);
   if (!source) return PF_Err_BAD_CALLBACK_PARAM;
   if (source->parameter) return badArgument("AEGP_GetNewStreamValue offers no values of parameters");
+  const std::string what = "AEGP_GetNewStreamValue " + std::to_string(source->code);
+  if (const PF_Err refused = host.faults.refusal(HostCall::StreamValue, what)) return refused;
   host.streams.takeValue(stream);
   const double seconds = static_cast<double>(time->value) / time->scale;
   *value = {};
@@ -85,11 +88,11 @@ A_Err getNewStreamValue(AEGP_PluginID, AEGP_StreamRefH stream, AEGP_LTimeMode, c
 template <class Value>
 A_Err disposeStreamValue(Value* value) {
   HostState& host = hostState();
-  const bool strikes = host.faults.strikes(HostCall::DisposeStreamValue);
+  const PF_Err refused = host.faults.refusal(HostCall::DisposeStreamValue, "AEGP_DisposeStreamValue");
   if (!value) return badArgument("AEGP_DisposeStreamValue was called without a record");
   if (!host.streams.disposeValue(value->streamH)) return PF_Err_BAD_CALLBACK_PARAM;
   *value = {};
-  return strikes ? PF_Err_BAD_CALLBACK_PARAM : PF_Err_NONE;
+  return refused;
 }
 
 AEGP_StreamSuite2 makeStreamSuite7() {

@@ -12,7 +12,7 @@ namespace {
 
 A_Err registerWithAegp(AEGP_GlobalRefcon, const A_char* name, AEGP_PluginID* id) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::RegisterEffect)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::RegisterEffect, "AEGP_RegisterWithAEGP")) return refused;
   if (!name || !id) {
     host.findings.record(FindingKind::BadArgument, "AEGP_RegisterWithAEGP was called without a name or destination");
     return PF_Err_BAD_CALLBACK_PARAM;
@@ -41,7 +41,7 @@ ScriptOutcome runScript(HostState& host, const std::string& script) {
 A_Err executeScript(AEGP_PluginID, const A_char* script, A_Boolean platformEncoding, AEGP_MemHandle* result,
                     AEGP_MemHandle* error) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::ExecuteScript)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::ExecuteScript, "AEGP_ExecuteScript")) return refused;
   if (!script || platformEncoding != 0) {
     return badArgument("AEGP_ExecuteScript was called without a script or with one that is not UTF-8");
   }

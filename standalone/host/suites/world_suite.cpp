@@ -15,7 +15,8 @@ std::optional<WorldFormat> formatOfCode(PF_PixelFormat code) {
 PF_Err newWorld(PF_ProgPtr effect, A_long width, A_long height, PF_Boolean clear, PF_PixelFormat code,
                 PF_EffectWorld* world) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::NewWorld)) return PF_Err_OUT_OF_MEMORY;
+  const PF_Err refused = host.faults.refusal(HostCall::NewWorld, "PF_NewWorld", PF_Err_OUT_OF_MEMORY);
+  if (refused) return refused;
   if (!host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
   const auto format = formatOfCode(code);
   if (width < 1 || height < 1 || !format || !world) {
@@ -29,19 +30,19 @@ PF_Err newWorld(PF_ProgPtr effect, A_long width, A_long height, PF_Boolean clear
 
 PF_Err disposeWorld(PF_ProgPtr effect, PF_EffectWorld* world) {
   HostState& host = hostState();
-  const bool strikes = host.faults.strikes(HostCall::DisposeWorld);
+  const PF_Err refused = host.faults.refusal(HostCall::DisposeWorld, "PF_DisposeWorld");
   if (!host.callOf(effect)) return PF_Err_BAD_CALLBACK_PARAM;
   if (!world) {
     host.findings.record(FindingKind::BadArgument, "PF_DisposeWorld was called without a record");
     return PF_Err_BAD_CALLBACK_PARAM;
   }
   host.worlds.dispose(*world);
-  return strikes ? PF_Err_BAD_CALLBACK_PARAM : PF_Err_NONE;
+  return refused;
 }
 
 PF_Err getPixelFormat(const PF_EffectWorld* world, PF_PixelFormat* code) {
   HostState& host = hostState();
-  if (host.faults.strikes(HostCall::GetPixelFormat)) return PF_Err_BAD_CALLBACK_PARAM;
+  if (const PF_Err refused = host.faults.refusal(HostCall::GetPixelFormat, "PF_GetPixelFormat")) return refused;
   const auto format = world ? formatOf(*world) : std::nullopt;
   if (!format || !code) {
     host.findings.record(FindingKind::BadArgument, "PF_GetPixelFormat was asked about what is no world of the host");
