@@ -12,6 +12,7 @@ void runAbout(const SessionOptions& session, std::ostream& out, std::ostream& er
     requireSuccess(result, "about");
     text = result.message();
   });
+  if (text.empty()) text = "The effect says nothing about itself in this host.";
   std::ranges::replace(text, '\r', '\n');
   out << text << '\n';
 }

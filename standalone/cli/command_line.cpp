@@ -23,11 +23,22 @@ namespace {
 constexpr int kFailure = 1;
 constexpr int kWrongUse = 2;
 
+A_long requireHost(const std::string& name) {
+  if (name == "after-effects") return kAppId_AfterEffects;
+  if (name == "premiere") return kAppId_PremierePro;
+  throw UsageError("--host: \"" + name + "\": expected after-effects or premiere");
+}
+
 void addSessionOptions(CLI::App& command, SessionOptions& session) {
   command
       .add_option("--plugin", session.module, "The effect module; the Quiltor module beside this program without it")
       ->type_name("PATH");
   command.add_flag("--trace", session.trace, "Print every selector, suite and script that the module touches");
+  command
+      .add_option_function<std::string>(
+          "--host", [&session](const std::string& name) { session.appId = requireHost(name); },
+          "The application to play; after-effects without it")
+      ->type_name("after-effects|premiere");
 }
 
 std::pair<double, double> requirePair(const std::string& option, const std::string& text, const char* expected) {

@@ -1,5 +1,6 @@
 #include "standalone/cli/render_command.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <tuple>
 #include <variant>
@@ -75,15 +76,39 @@ void choosePatternSource(Instance& instance, const std::vector<Parameter>& param
   }
 }
 
-RenderResult renderFrame(const Effect& effect, Instance& instance, const RenderOptions& options, const World& input) {
+RenderResult renderFrame(Effect& effect, Instance& instance, const RenderOptions& options, const World& input) {
   const bool offersSmart = (effect.outFlags2() & PF_OutFlag2_SUPPORTS_SMART_RENDER) != 0;
   if (options.path == RenderPath::Smart && !offersSmart) {
     throw CommandFailure("--smart: the effect does not offer smart rendering");
   }
-  const bool smart = options.path != RenderPath::Classic && offersSmart;
+  const bool isVideoEditor = effect.host().options().appId == kAppId_PremierePro;
+  const bool smart = options.path != RenderPath::Classic && offersSmart && !isVideoEditor;
   Frame frame;
   frame.input = &input;
   return smart ? instance.renderSmart(frame) : instance.render(frame);
+}
+
+// Which option asks for what the video editor lacks; empty when none does.
+std::string notInVideoEditor(const RenderOptions& options) {
+  if (options.path == RenderPath::Smart) return "--smart: Premiere Pro has no smart rendering";
+  if (options.format == WorldFormat::Argb16) return "--depth: \"16\": expected 8 or float, as Premiere Pro renders";
+  if (!options.masks.empty()) return "--masks: Premiere Pro shows effects no masks";
+  const std::string place = ": Premiere Pro does not tell effects where their layer lies";
+  if (options.position) return "--layer-position" + place;
+  if (options.anchor) return "--layer-anchor" + place;
+  if (options.scale) return "--layer-scale" + place;
+  if (options.rotation != 0) return "--layer-rotation" + place;
+  return {};
+}
+
+// The video editor's pixels are blue first for effects that declare that they take them so.
+WorldFormat declaredFormat(const Host& host, WorldFormat depth) {
+  const auto declares = [&host](PrPixelFormat format) {
+    return std::ranges::find(host.declaredPixelFormats(), format) != host.declaredPixelFormats().end();
+  };
+  if (depth == WorldFormat::Argb8) return declares(PrPixelFormat_BGRA_4444_8u) ? WorldFormat::Bgra8 : depth;
+  if (declares(PrPixelFormat_BGRA_4444_32f)) return WorldFormat::BgraFloat;
+  throw CommandFailure("--depth: \"float\": the effect does not declare that it takes such pixels in Premiere Pro");
 }
 
 World renderWith(Effect& effect, const RenderOptions& options, const World& input, const PatternFile* pattern,
@@ -124,8 +149,12 @@ void runRender(const SessionOptions& session, const RenderOptions& options, std:
   if (!sameName(options.output.extension().string(), ".png")) {
     throw UsageError("--output: " + options.output.string() + ": expected a name that ends in .png");
   }
+  const bool isVideoEditor = session.appId == kAppId_PremierePro;
+  if (isVideoEditor) {
+    if (const std::string problem = notInVideoEditor(options); !problem.empty()) throw UsageError(problem);
+  }
   const World fullInput = readPicture(options.input, options.format);
-  const World input = shrink(fullInput, options.downsample);
+  World input = shrink(fullInput, options.downsample);
   std::optional<PatternFile> pattern;
   if (!options.pattern.empty()) pattern.emplace(options.pattern);
   std::optional<World> patternLayer;
@@ -134,6 +163,7 @@ void runRender(const SessionOptions& session, const RenderOptions& options, std:
   }
   std::optional<World> picture;
   withEffect(session, hostOptions(options, fullInput), err, [&](Effect& effect) {
+    if (isVideoEditor) input = input.converted(declaredFormat(effect.host(), options.format));
     picture =
         renderWith(effect, options, input, pattern ? &*pattern : nullptr, patternLayer ? &*patternLayer : nullptr);
   });

@@ -24,6 +24,7 @@ void requireSuccess(const CallResult& result, const std::string& doing) {
 void withEffect(const SessionOptions& options, HostOptions hostOptions, std::ostream& err,
                 const std::function<void(Effect&)>& use) {
   const EffectModule module(options.module.empty() ? defaultModulePath() : options.module);
+  hostOptions.appId = options.appId;
   if (options.trace) hostOptions.trace = [&err](std::string_view line) { err << line << '\n'; };
   Host host(std::move(hostOptions));
 

@@ -11,8 +11,9 @@ namespace quiltor::standalone {
 
 // What every command is told about the module and how to run it.
 struct SessionOptions {
-  std::filesystem::path module;  // empty: the module beside the program
-  bool trace = false;            // one line on `err` for every selector, suite and script that the module touches
+  std::filesystem::path module;        // empty: the module beside the program
+  bool trace = false;                  // one line on `err` for every selector, suite and script that the module touches
+  A_long appId = kAppId_AfterEffects;  // the application that is played
 };
 
 // Loads the module, sets it up, lets `use` work with it and shuts it down. Afterwards everything that the host found

@@ -10,8 +10,8 @@ namespace quiltor::standalone {
 
 // One frame to render. Time, resolution and aspect come from the host's options.
 struct Frame {
-  // The layer's pixels at the render's resolution; its format is the depth of the render. The effect receives a copy
-  // with the host's row layout.
+  // The layer's pixels at the render's resolution; its format is the depth of the render, blue first for effects that
+  // declare that to the video editor. The effect receives a copy with the host's row layout.
   const World* input = nullptr;
   // Smart render only: the wanted part in layer coordinates; without it the whole layer. An empty one asks for the
   // maximum rectangle alone.

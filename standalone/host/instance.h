@@ -58,8 +58,9 @@ class Instance {
   void adjust(int index, Adjust hook);
 
   // --- Frames ---
-  RenderResult render(const Frame& frame);       // frame setup, render, frame setdown
-  RenderResult renderSmart(const Frame& frame);  // pre-render, render, the delete function
+  RenderResult render(const Frame& frame);  // frame setup, render, frame setdown
+  // Pre-render, render, the delete function. The video editor has no smart rendering: std::logic_error.
+  RenderResult renderSmart(const Frame& frame);
 
   // --- User interface ---
   CallResult userChanged(int index);  // PF_Cmd_USER_CHANGED_PARAM with the current values

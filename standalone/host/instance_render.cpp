@@ -1,4 +1,5 @@
 #include <cstdlib>
+#include <stdexcept>
 #include <utility>
 
 #include "standalone/host/call_context.h"
@@ -96,6 +97,7 @@ RenderResult Instance::render(const Frame& frame) {
 
 RenderResult Instance::renderSmart(const Frame& frame) {
   HostState& host = effect_.host().state();
+  if (host.isVideoEditor()) throw std::logic_error("the video editor has no smart rendering");
   const WorldFormat format = frame.input->format();
   SmartFrame smart(host, *values_, *frame.input);
   RenderResult result;

@@ -95,6 +95,12 @@ TEST_F(CommandLineTest, printsWhatTheModuleSaysAboutItself) {
   EXPECT_THAT(outcome.out, testing::StartsWith("Quiltor\nThe plugin allows you to draw textures on layers"));
 }
 
+TEST_F(CommandLineTest, saysThatTheModuleSaysNothingAboutItselfInPremiere) {
+  const Outcome outcome = runModule({"about", "--host", "premiere"});
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out, "The effect says nothing about itself in this host.\n");
+}
+
 TEST_F(CommandLineTest, tracesSelectorsAndSuites) {
   const Outcome outcome = runModule({"about", "--trace"});
   EXPECT_EQ(outcome.status, 0) << outcome.err;

@@ -204,6 +204,47 @@ TEST_F(RenderCommandTest, leavesAnOlderOutputWholeWhenItFails) {
   EXPECT_EQ(contents, "older");
 }
 
+TEST_F(RenderCommandTest, rendersTheSamePictureInPremiere) {
+  const std::vector<std::string> settings{"--pattern", red,     "--set",    "opacity=30%", "--set",
+                                          "lock=on",   "--set", "scale=33", "--set",       "blendmode=Reflect"};
+  for (const char* depth : {"8", "float"}) {
+    auto inPremiere = settings;
+    inPremiere.insert(inPremiere.end(), {"--depth", depth});
+    ASSERT_EQ(render(inPremiere).err, "");
+    const auto pixels = readPicture(output, WorldFormat::Argb16).packed();
+    std::filesystem::remove(output);
+    inPremiere.insert(inPremiere.end(), {"--host", "premiere", "--trace"});
+    const Outcome outcome = render(inPremiere);
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_THAT(outcome.err, HasSubstr("PF Pixel Format Suite"));
+    EXPECT_THAT(outcome.err, HasSubstr("PF_Cmd_RENDER"));
+    EXPECT_EQ(readPicture(output, WorldFormat::Argb16).packed(), pixels);
+  }
+}
+
+TEST_F(RenderCommandTest, drawsThePatternOfALayerInPremiere) {
+  ASSERT_EQ(render({"--pattern-layer", red, "--host", "premiere"}).err, "");
+  expectRed();
+}
+
+TEST_F(RenderCommandTest, refusesWhatPremiereLacks) {
+  const auto expectRefusal = [this](std::vector<std::string> more, const std::string& text) {
+    more.insert(more.end(), {"--host", "premiere"});
+    expectFailure(more, 2, text);
+  };
+  expectRefusal({"--smart"}, "--smart: Premiere Pro has no smart rendering");
+  expectRefusal({"--depth", "16"}, "--depth: \"16\": expected 8 or float, as Premiere Pro renders");
+  expectRefusal({"--masks", masks(), "--set", "mask=1"}, "--masks: Premiere Pro shows effects no masks");
+  for (const std::string option : {"--layer-position", "--layer-anchor", "--layer-scale"}) {
+    expectRefusal({option, "3,4"}, option + ": Premiere Pro does not tell effects where their layer lies");
+  }
+  expectRefusal({"--layer-rotation", "3"}, "--layer-rotation: Premiere Pro");
+}
+
+TEST_F(RenderCommandTest, namesAHostThatItDoesNotPlay) {
+  expectFailure({"--host", "Premiere"}, 2, "--host: \"Premiere\": expected after-effects or premiere");
+}
+
 TEST_F(RenderCommandTest, limitsThePatternToTheChosenMask) {
   ASSERT_EQ(render({"--masks", masks(), "--set", "Mask=1"}).err, "");
   expectAlpha(1, 0);

@@ -36,6 +36,8 @@ struct HostOptions {
   int iterateThreads = 4;
   bool offerIterateGeneric = true;  // false: the slot is null
   std::set<std::pair<std::string, int>> suitesNotOffered = {};
+  // Suites of the other application that this one offers too, as later versions of it may.
+  std::set<std::pair<std::string, int>> suitesAlsoOffered = {};
 
   // Different on purpose, so that an effect that takes one for the other is found.
   RowLayout inputRows{.paddingBytes = 20, .bottomUp = false};
@@ -52,6 +54,7 @@ struct HostOptions {
   PF_RationalScale downsampleY{1, 1};
   PF_RationalScale pixelAspect{1, 1};
   bool preserveRgbOfZeroAlpha = false;
+  bool linearLight = false;  // the video editor names its float pixels so
 
   LayerTransform transform = {};
   // When set, the transform at a layer time in seconds; `transform` is then not used.

@@ -26,6 +26,7 @@ PF_Err getPixelFormat(PF_EffectWorld* world, PrPixelFormat* code) {
     return PF_Err_BAD_CALLBACK_PARAM;
   }
   *code = videoEditorFormatCode(*format);
+  if (host.options.linearLight && *code == PrPixelFormat_BGRA_4444_32f) *code = PrPixelFormat_BGRA_4444_32f_Linear;
   return PF_Err_NONE;
 }
 

@@ -54,7 +54,8 @@ const void* findSuite(const SuiteId& suite) {
   const OfferedBy absent = host.isVideoEditor() ? OfferedBy::Compositing : OfferedBy::VideoEditor;
   for (const Entry& entry : kCatalogue) {
     if (entry.name == suite.first && entry.version == suite.second) {
-      return entry.offeredBy == absent ? nullptr : entry.table();
+      const bool offered = entry.offeredBy != absent || host.options.suitesAlsoOffered.contains(suite);
+      return offered ? entry.table() : nullptr;
     }
   }
   return nullptr;
