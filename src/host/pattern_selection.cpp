@@ -6,24 +6,35 @@ namespace {
 constexpr std::string_view kSeparator = "*****";
 
 // Takes the text up to the next separator, and the separator, off the front of rest.
-std::string_view takeField(std::string_view& rest) {
+std::string takeField(std::string_view& rest) {
   const size_t end = rest.find(kSeparator);
   const std::string_view field = rest.substr(0, end);
   rest.remove_prefix(end == rest.npos ? rest.size() : end + kSeparator.size());
-  return field;
+  return std::string(field);
 }
 
 }  // namespace
 
-std::string referenceFromSelection(std::string_view selection) {
-  const std::string_view path = takeField(selection);
-  if (path.empty()) return {};
-  std::string reference(path);
-  for (int field = 0; field < 2; ++field) {
-    reference += '*';
-    reference += takeField(selection);
+PatternSelection parseSelection(std::string_view text) {
+  PatternSelection selection;
+  for (std::string* field : {&selection.path, &selection.libraryLabel, &selection.libraryName})
+    *field = takeField(text);
+  return selection;
+}
+
+std::string selectionText(const PatternSelection& selection) {
+  std::string text = selection.path;
+  for (const std::string* field : {&selection.libraryLabel, &selection.libraryName}) {
+    text += kSeparator;
+    text += *field;
   }
-  return reference += '*';
+  return text;
+}
+
+std::string referenceFromSelection(std::string_view text) {
+  const PatternSelection selection = parseSelection(text);
+  if (selection.path.empty()) return {};
+  return selection.path + '*' + selection.libraryLabel + '*' + selection.libraryName + '*';
 }
 
 }  // namespace quiltor

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
 
+#include "host/user_message.h"
 #include "hostapi/effect.h"
 
 namespace quiltor {
@@ -43,9 +43,7 @@ class ScopedSuite {
 
  private:
   void show(const char* message) {
-    if (!messages_) return;
-    messages_->out_flags |= PF_OutFlag_DISPLAY_ERROR_MESSAGE;
-    std::snprintf(messages_->return_msg, sizeof messages_->return_msg, "%s", message);
+    if (messages_) tellUser(*messages_, message);
   }
 
   const SPBasicSuite* basic_;

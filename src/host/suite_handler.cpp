@@ -10,6 +10,8 @@ const std::array<SuiteHandler::SuiteId, SuiteHandler::kSlots> SuiteHandler::kSui
     {kPFIterate8Suite, kPFIterate8SuiteVersion1},
     {kPFAdvAppSuite, kPFAdvAppSuiteVersion1},
     {kAEGPUtilitySuite, kAEGPUtilitySuiteVersion7},
+    {kAEGPUtilitySuite, kAEGPUtilitySuiteVersion11},
+    {kAEGPMemorySuite, kAEGPMemorySuiteVersion1},
     {kAEGPPFInterfaceSuite, kAEGPPFInterfaceSuiteVersion1},
     {kAEGPStreamSuite, kAEGPStreamSuiteVersion7},
     {kAEGPStreamSuite, kAEGPStreamSuiteVersion9},

@@ -22,6 +22,8 @@ class SuiteHandler {
   const PF_Iterate8Suite1& iterate8() { return table<PF_Iterate8Suite1>(Slot::Iterate8); }
   const PF_AdvAppSuite1& advApp() { return table<PF_AdvAppSuite1>(Slot::AdvApp); }
   const AEGP_UtilitySuite3& utility() { return table<AEGP_UtilitySuite3>(Slot::Utility); }
+  const AEGP_UtilitySuite5& scripting() { return table<AEGP_UtilitySuite5>(Slot::Scripting); }
+  const AEGP_MemorySuite1& memory() { return table<AEGP_MemorySuite1>(Slot::Memory); }
   const AEGP_PFInterfaceSuite1& pfInterface() { return table<AEGP_PFInterfaceSuite1>(Slot::PFInterface); }
   const AEGP_StreamSuite2& streams() { return table<AEGP_StreamSuite2>(Slot::Stream); }
   const AEGP_StreamSuite4& maskStreams() { return table<AEGP_StreamSuite4>(Slot::MaskStream); }
@@ -37,6 +39,8 @@ class SuiteHandler {
     Iterate8,
     AdvApp,
     Utility,
+    Scripting,
+    Memory,
     PFInterface,
     Stream,
     MaskStream,

@@ -62,6 +62,10 @@ std::array<std::string, 3> threeFields(std::string_view text) {
   return {std::move(pieces[0]), std::move(pieces[1]), std::move(pieces[2])};
 }
 
+bool hasLibraryList() {
+  return fileExists(quiltorFile(false, kLibraryList)) || fileExists(quiltorFile(true, kLibraryList));
+}
+
 std::string pictureFolder(const Library& library) {
   return library.label == "CLOUD" ? replaceAll(library.path, "manifest", "components") : library.path;
 }

@@ -17,6 +17,9 @@ enum class LookUp { Dialogs, PlugIn };
 // The first three of the fields that "*" separates; a missing field is empty.
 std::array<std::string, 3> threeFields(std::string_view text);
 
+// Whether either data folder holds a list of libraries. Until one does there is nothing to pick a pattern from.
+bool hasLibraryList();
+
 struct Library {
   std::string label;
   std::string name;

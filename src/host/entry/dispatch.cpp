@@ -3,10 +3,13 @@
 #include <array>
 
 #include "description/effect_description.h"
+#include "description/params_ui.h"
 #include "description/register_params.h"
 #include "host/entry/global_handlers.h"
 #include "host/entry/sequence_handlers.h"
 #include "render/render_handlers.h"
+#include "ui/library_dialogs.h"
+#include "ui/pattern_control.h"
 
 namespace quiltor {
 namespace {
@@ -45,9 +48,17 @@ constexpr std::array<Handler, kSelectors> kHandlers = [] {
     return sequenceFlatten(call.in, call.out, LiveData::Replace);
   };
   table[PF_Cmd_SEQUENCE_SETDOWN] = [](const HostCall& call) { return sequenceSetdown(call.in, call.out); };
+  table[PF_Cmd_DO_DIALOG] = [](const HostCall& call) { return settingsDialog(call.in); };
+  table[PF_Cmd_EVENT] = [](const HostCall& call) {
+    return patternControlEvent(call.in, call.out, call.params, call.extraAs<PF_EventExtra>());
+  };
   table[PF_Cmd_RENDER] = [](const HostCall& call) {
     if (!call.params || !call.output) throwHostError(PF_Err_BAD_CALLBACK_PARAM);
     return render(call.in, call.out, call.params, call.output);
+  };
+  table[PF_Cmd_USER_CHANGED_PARAM] = table[PF_Cmd_UPDATE_PARAMS_UI] = [](const HostCall& call) {
+    if (!call.params) throwHostError(PF_Err_BAD_CALLBACK_PARAM);
+    return paramsUiChanged(effectDescription(), call.in, call.params);
   };
   table[PF_Cmd_SMART_PRE_RENDER] = [](const HostCall& call) {
     return smartPreRender(call.in, call.extraAs<PF_PreRenderExtra>());

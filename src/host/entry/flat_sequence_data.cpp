@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cstring>
 
+#include "host/sequence_form.h"
+
 namespace quiltor {
 namespace {
 
-constexpr uint8_t kLiveFlag = 0;
-constexpr uint8_t kFlatFlag = 1;
 constexpr size_t kLengthBytes = 4;
 
 void writeLength(uint8_t* to, size_t length) {
@@ -20,22 +20,7 @@ size_t readLength(const uint8_t* from) {
   return length;
 }
 
-// A live record always has all of its parts: whatever lacks one is not a record of ours.
-bool isWhole(const SequenceData& live) {
-  return live.patternLoaded == 1 && live.patternImage && live.previewImage &&
-         std::all_of(std::begin(live.text), std::end(live.text), [](const char* text) { return text != nullptr; });
-}
-
 }  // namespace
-
-SequenceForm sequenceFormOf(std::span<const uint8_t> bytes) {
-  if (bytes.size() < sizeof(SequenceData)) return SequenceForm::Damaged;
-  const uint8_t flag = bytes[offsetof(SequenceData, flat)];
-  if (flag == kFlatFlag) return SequenceForm::Flat;
-  SequenceData record;
-  std::memcpy(&record, bytes.data(), sizeof record);
-  return flag == kLiveFlag && isWhole(record) ? SequenceForm::Live : SequenceForm::Damaged;
-}
 
 size_t flatSize(const SequenceData& live) {
   size_t size = sizeof(SequenceData);

@@ -18,15 +18,6 @@ struct SequenceState {
   std::array<std::string, kTextSlots> text;
 };
 
-enum class SequenceForm {
-  Live,
-  Flat,
-  Damaged,  // too short, or with a flag or pointers that neither form has
-};
-
-// Tells the forms apart; no pointer in the data is followed.
-SequenceForm sequenceFormOf(std::span<const uint8_t> bytes);
-
 // The size of the flat form of a live record.
 size_t flatSize(const SequenceData& live);
 

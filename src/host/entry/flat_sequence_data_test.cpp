@@ -6,6 +6,8 @@
 #include <random>
 #include <vector>
 
+#include "host/sequence_form.h"
+
 namespace quiltor {
 namespace {
 

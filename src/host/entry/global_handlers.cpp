@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "description/effect_description.h"
+#include "host/application.h"
 #include "host/entry/about_text.h"
 #include "host/global_data.h"
 #include "host/handle_guards.h"
@@ -32,8 +33,6 @@ constexpr PF_OutFlags2 kOutFlags2 = PF_OutFlag2_PARAM_GROUP_START_COLLAPSED_FLAG
                                     PF_OutFlag2_AUTOMATIC_WIDE_TIME_INPUT | PF_OutFlag2_AE13_5_THREADSAFE |
                                     PF_OutFlag2_SUPPORTS_GET_FLATTENED_SEQUENCE_DATA;
 static_assert(kOutFlags2 == 0xC21488);
-
-bool isVideoEditor(const PF_InData& in) { return in.appl_id == kAppId_PremierePro; }
 
 // Returns the host's code; id is written only when the host took the effect.
 HostErr registerEffect(SuiteHandler& suites, uint32_t& id) {

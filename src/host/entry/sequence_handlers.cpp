@@ -12,7 +12,9 @@
 #include "host/entry/flat_sequence_data.h"
 #include "host/handle_guards.h"
 #include "host/pattern_selection.h"
+#include "host/sequence_form.h"
 #include "host/suite_handler.h"
+#include "host/text_slots.h"
 #include "library/pattern_reference.h"
 
 namespace quiltor {
@@ -21,12 +23,6 @@ namespace {
 // The bytes behind a locked handle.
 std::span<uint8_t> bytesOf(const PF_HandleSuite1& handles, const HandleLock& lock, PF_Handle handle) {
   return {lock.as<uint8_t>(), static_cast<size_t>(handles.host_get_handle_size(handle))};
-}
-
-char* newText(const std::string& text) {
-  auto copy = std::make_unique<char[]>(text.size() + 1);
-  std::copy_n(text.c_str(), text.size() + 1, copy.get());
-  return copy.release();
 }
 
 // Without the render mutex: a host does not end an instance that it still renders, and its main thread must not wait
