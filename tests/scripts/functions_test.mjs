@@ -124,7 +124,7 @@ test("deep and large JSON is read soon", () => {
     try { expected = JSON.parse(text); } catch { expected = undefined; }
     assert.equal(typeof JSONify(text), typeof expected);
   }
-  assert.ok(performance.now() - began < 20000, "all together");
+  assert.ok(performance.now() - began < 60000, "a reader that goes over its text again and again would take hours");
 });
 
 const library = (name) => `{"name":"${name}","type":"application/library+dcx",`

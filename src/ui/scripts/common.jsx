@@ -272,11 +272,21 @@ function holdsImages(files) {
 
 // --- cloud libraries ---
 
-// The place behind a run of blanks.
-function skipBlanks(text, at) {
-  var code = text.charCodeAt(at);
-  while (code === 32 || code === 9 || code === 10 || code === 13) code = text.charCodeAt(++at);
-  return at;
+// A place in a JSON text, and where the next backslash is, so that long texts are searched for it once and not once
+// per string.
+function jsonReader(text, at) {
+  return {text: text, at: at, escape: -1};
+}
+
+function skipBlanks(reader) {
+  var code = reader.text.charCodeAt(reader.at);
+  while (code === 32 || code === 9 || code === 10 || code === 13) code = reader.text.charCodeAt(++reader.at);
+}
+
+function skipCharacter(reader, wanted) {
+  var found = reader.at < reader.text.length && wanted.indexOf(reader.text.charAt(reader.at)) >= 0;
+  if (found) reader.at++;
+  return found;
 }
 
 // The character that four hexadecimal digits stand for.
@@ -291,11 +301,10 @@ function escapedUnit(text, at) {
   return String.fromCharCode(unit);
 }
 
-// Reads the JSON string whose opening mark is at reader.at in reader.text and moves behind it. The reader remembers in
-// reader.escape where the next backslash is, so that long texts are searched once and not once per string.
 function readJsonString(reader) {
-  var text = reader.text, from = reader.at + 1, end = -1, pieces = [], letter, meaning;
-  if (text.charAt(reader.at) !== "\"") throw new Error("no string");
+  var text = reader.text, pieces = [], end = -1, from, letter, meaning;
+  if (!skipCharacter(reader, "\"")) throw new Error("no string");
+  from = reader.at;
   for (;;) {
     if (end < from) end = text.indexOf("\"", from);
     if (end < 0) throw new Error("no end");
@@ -323,12 +332,6 @@ function skipDigits(reader) {
   var from = reader.at, code = reader.text.charCodeAt(from);
   while (code >= 48 && code <= 57) code = reader.text.charCodeAt(++reader.at);
   if (reader.at === from) throw new Error("no digits");
-}
-
-function skipCharacter(reader, wanted) {
-  var found = wanted.indexOf(reader.text.charAt(reader.at)) >= 0 && reader.at < reader.text.length;
-  if (found) reader.at++;
-  return found;
 }
 
 function readJsonNumber(reader) {
@@ -366,66 +369,72 @@ function readJsonScalar(reader) {
 }
 
 function readJsonKey(reader) {
-  var key;
-  reader.at = skipBlanks(reader.text, reader.at);
-  key = readJsonString(reader);
-  reader.at = skipBlanks(reader.text, reader.at);
+  var key = readJsonString(reader);
+  skipBlanks(reader);
   if (!skipCharacter(reader, ":")) throw new Error("no colon");
   return key;
 }
 
+// An object or array that is being read; `key` is that of the value that comes next.
+function jsonFrame(holder, closing) {
+  return {holder: holder, closing: closing, key: "", isEmpty: true};
+}
+
 // Names that every object has are not stored: some of them do things when they are set.
-function storeJson(holder, key, value) {
+function storeJson(frame, value) {
   var plain = {};
-  if (holder instanceof Array) {
-    holder.push(value);
-  } else if (typeof plain[key] === "undefined") {
-    holder[key] = value;
+  if (frame.closing === "]") {
+    frame.holder.push(value);
+  } else if (typeof plain[frame.key] === "undefined") {
+    frame.holder[frame.key] = value;
   }
+}
+
+function readJsonValue(reader, open) {
+  var top = open[open.length - 1], frame = null;
+  skipBlanks(reader);
+  if (skipCharacter(reader, "{")) {
+    frame = jsonFrame({}, "}");
+  } else if (skipCharacter(reader, "[")) {
+    frame = jsonFrame([], "]");
+  }
+  storeJson(top, frame === null ? readJsonScalar(reader) : frame.holder);
+  if (frame !== null) open.push(frame);
+}
+
+// Closes what ends here; whether a further value follows.
+function findJsonValue(reader, open) {
+  var top;
+  for (;;) {
+    skipBlanks(reader);
+    if (open.length === 1) break;
+    top = open[open.length - 1];
+    if (!skipCharacter(reader, top.closing)) {
+      if (!top.isEmpty && !skipCharacter(reader, ",")) throw new Error("no comma");
+      top.isEmpty = false;
+      skipBlanks(reader);
+      if (top.closing === "}") top.key = readJsonKey(reader);
+      return true;
+    }
+    open.pop();
+  }
+  if (reader.at < reader.text.length) throw new Error("no end");
+  return false;
 }
 
 // The value that a JSON text stands for; undefined for any other text. The text is read and never evaluated, since it
 // may come from anyone, and it is read without recursion, since it may be nested deeper than the engine can call. Raw
 // control characters in strings pass.
 function JSONify(text) {
-  var reader = {text: text, at: 0, escape: -1}, root = [], open = [root], keys = [""], top, value, opening;
+  var reader = jsonReader(text, 0), root = [], open = [jsonFrame(root, "]")];
   try {
-    for (;;) {
-      reader.at = skipBlanks(text, reader.at);
-      opening = text.charAt(reader.at);
-      if (opening === "{") {
-        value = {};
-      } else if (opening === "[") {
-        value = [];
-      } else {
-        value = readJsonScalar(reader);
-      }
-      storeJson(open[open.length - 1], keys[keys.length - 1], value);
-      if (opening === "{" || opening === "[") {
-        reader.at = skipBlanks(text, reader.at + 1);
-        open.push(value);
-        keys.push("");
-        if (text.charAt(reader.at) !== (opening === "{" ? "}" : "]")) {
-          if (opening === "{") keys[keys.length - 1] = readJsonKey(reader);
-          continue;
-        }
-      }
-      for (;;) {
-        reader.at = skipBlanks(text, reader.at);
-        if (open.length === 1) return reader.at === text.length ? root[0] : undefined;
-        top = open[open.length - 1];
-        if (skipCharacter(reader, ",")) {
-          if (!(top instanceof Array)) keys[keys.length - 1] = readJsonKey(reader);
-          break;
-        }
-        if (!skipCharacter(reader, top instanceof Array ? "]" : "}")) return undefined;
-        open.pop();
-        keys.pop();
-      }
-    }
+    do {
+      readJsonValue(reader, open);
+    } while (findJsonValue(reader, open));
   } catch (notJson) {
     return undefined;
   }
+  return root[0];
 }
 
 // The text of a manifest. One that no library can need so much for would only hold up the host.
@@ -441,13 +450,14 @@ function checkCloud(text) {
 // The name of the library in a manifest: the nearest behind its mark, or in front of it when another entry begins
 // before that. Undefined when there is none that can be read.
 function checkCloudName(text) {
-  var mark = text.indexOf("library+dcx"), at = text.indexOf("\"name\"", mark), brace = text.indexOf("{", mark);
+  var mark = text.indexOf("library+dcx"), at = text.indexOf("\"name\"", mark), brace = text.indexOf("{", mark), reader;
   if (brace >= 0 && (at < 0 || brace < at)) at = text.lastIndexOf("\"name\"", mark);
   if (mark < 0 || at < 0) return undefined;
+  reader = jsonReader(text, at);
   try {
-    at = skipBlanks(text, at + 6);
-    if (text.charAt(at) !== ":") return undefined;
-    return readJsonString({text: text, at: skipBlanks(text, at + 1), escape: -1});
+    readJsonKey(reader);
+    skipBlanks(reader);
+    return readJsonString(reader);
   } catch (damaged) {
     return undefined;
   }
