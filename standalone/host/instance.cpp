@@ -77,6 +77,7 @@ CallResult Instance::getFlattened(std::vector<unsigned char>& flat) {
 
 CallResult Instance::shutDown() {
   if (!setUp_) return {};
+  closePane();
   return call({.selector = PF_Cmd_SEQUENCE_SETDOWN});
 }
 
@@ -149,6 +150,10 @@ void Instance::fillContext(CallContext& context) {
   context.values = values_.get();
   context.panel = &panel_;
   context.panelAccess = panelAccess(context.number);
+  if (context.number == PF_Cmd_EVENT) {
+    context.context = &panePointer_;
+    context.drawing = drawing_;
+  }
 }
 
 CallResult Instance::call(const Call& call) { return run(call, nullptr); }

@@ -5,6 +5,7 @@
 #include <span>
 #include <vector>
 
+#include "standalone/host/control_event.h"
 #include "standalone/host/effect.h"
 #include "standalone/host/frame.h"
 #include "standalone/host/services/panel.h"
@@ -69,6 +70,12 @@ class Instance {
   // What a host sends once the user has changed a value: the first when the parameter is supervised, then the second
   // when the effect asks for it. Gives the first answer that is an error, or the last.
   CallResult changedByUser(int index);
+  // An event in a custom control; the first tells the effect of the pane, too.
+  EventResult send(const ControlEvent& event);
+  // What a host sends when the user clicks on the control of a parameter, and the refresh of the panel when the effect
+  // asks for it.
+  EventResult clickedByUser(int index);
+  EventResult drawControl(int index);
   // A parameter as the panel shows it.
   [[nodiscard]] const PanelEntry& shown(int index) const { return panel_.at(static_cast<std::size_t>(index)); }
 
@@ -94,10 +101,15 @@ class Instance {
   void keepSequenceData(const Call& call, const CallResult& result, std::vector<unsigned char>* flat);
   void discardSequenceData();
   void fillContext(CallContext& context);
+  void closePane();
 
   Effect& effect_;
   std::unique_ptr<ParamValues> values_;
   Panel panel_;
+  PF_Context pane_{};
+  PF_Context* panePointer_ = &pane_;
+  bool paneOpen_ = false;
+  Drawing* drawing_ = nullptr;  // while a draw event lasts
   PF_Handle sequenceData_ = nullptr;
   bool setUp_ = false;
   bool flat_ = false;

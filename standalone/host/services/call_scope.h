@@ -5,10 +5,13 @@
 #include <string>
 #include <utility>
 
+#include "hostapi/custom_ui.h"
 #include "hostapi/params.h"
 #include "standalone/host/services/panel.h"
 
 namespace quiltor::standalone {
+
+class Drawing;
 
 using SuiteId = std::pair<std::string, int>;
 
@@ -35,6 +38,9 @@ class CallScope {
   // The instance's panel and what the call may do to it. Null where there is no instance.
   Panel* panel = nullptr;
   PanelAccess panelAccess = PanelAccess::None;
+  // The pane of an event, and the drawing of a draw event.
+  PF_ContextH context = nullptr;
+  Drawing* drawing = nullptr;
 
  private:
   std::string selector_;

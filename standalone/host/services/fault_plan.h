@@ -51,6 +51,11 @@ enum class HostCall {
   UpdateParamUi,        // answers 516
   RefreshWindows,       // answers 516
   ExecuteScript,        // answers 516, nothing is run
+  DrawingReference,     // for a custom control: answers 516
+  Drawbot,              // supplier and surface of a drawing: answers kSPBadParameterError
+  NewImage,             // answers kSPBadParameterError
+  DrawImage,            // answers kSPBadParameterError, nothing is drawn
+  ReleaseObject,        // answers kSPBadParameterError, but the release counts
   LockMemory,           // of a script's result: answers 516, nothing is locked
   UnlockMemory,         // answers 516, but the unlock counts
   FreeMemory,           // answers 516, but the memory is freed

@@ -44,6 +44,7 @@ namespace quiltor::standalone {
   M(EffectDisposedBeforeStream)  \
   M(MaskNotDisposed)             \
   M(MaskDisposedBeforeStream)    \
+  M(DrawbotObjectNotReleased)    \
   M(PathNotCheckedIn)            \
   M(PathCheckedInTwice)          \
   M(ObjectUnknown)               \

@@ -71,6 +71,7 @@ struct HostOptions {
   // Runs the scripts of effects; empty: the host has no scripting and says so.
   ScriptRunner runScript = nullptr;
   NoScriptResult noScriptResult = NoScriptResult::EmptyText;
+  bool offerDrawing = true;  // false: the drawing reference of a custom control is null
 
   // Receives one line per call, its result and each suite asked for. Called from any thread, one at a time.
   std::function<void(std::string_view)> trace = nullptr;

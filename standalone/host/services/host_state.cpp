@@ -44,6 +44,7 @@ void HostState::end(CallScope& call) {
   streams.checkCall(call);
   effects.checkCall(call);
   masks.checkCall(call);
+  if (call.drawing) call.drawing->checkEnd();
   paths.checkCall(call);
 }
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "hostapi/suites_aegp.h"
+#include "standalone/host/services/drawing.h"
 #include "standalone/host/services/effect_table.h"
 #include "standalone/host/services/fault_plan.h"
 #include "standalone/host/services/findings.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "hostapi/custom_ui.h"
 #include "hostapi/suites_aegp.h"
 #include "hostapi/suites_pf.h"
 
@@ -16,6 +17,11 @@ const PF_PixelFormatSuite& pixelFormatSuite();
 const PF_EffectUISuite1& effectUiSuite();
 const PF_ParamUtilsSuite3& paramUtilsSuite();
 const PF_AdvAppSuite1& advAppSuite();
+const PF_EffectCustomUISuite1& effectCustomUiSuite();
+const DRAWBOT_DrawbotSuite1& drawbotDrawSuite();
+const DRAWBOT_SupplierSuite1& drawbotSupplierSuite();
+const DRAWBOT_SurfaceSuite1& drawbotSurfaceSuite();
+const DRAWBOT_PathSuite1& drawbotPathSuite();
 const AEGP_UtilitySuite3& utilitySuite7();
 const AEGP_UtilitySuite5& utilitySuite11();
 const AEGP_MemorySuite1& memorySuite();

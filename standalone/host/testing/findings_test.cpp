@@ -24,6 +24,7 @@ void live(Host& host) {
     instance.flatten();
     instance.resetup();
     instance.updateUi();
+    instance.drawControl(1);
     instance.render({.input = &picture});
     instance.renderSmart({.input = &picture});
   }
@@ -50,6 +51,7 @@ std::string expectedSelector(FindingKind kind) {
       {FindingKind::ResultRectOutsideMaximum, "PF_Cmd_SMART_PRE_RENDER"},
       {FindingKind::EffectNotDisposed, "PF_Cmd_UPDATE_PARAMS_UI"},
       {FindingKind::EffectDisposedBeforeStream, "PF_Cmd_UPDATE_PARAMS_UI"},
+      {FindingKind::DrawbotObjectNotReleased, "PF_Cmd_EVENT"},
       {FindingKind::FlatDataIsLive, "PF_Cmd_GET_FLATTENED_SEQUENCE_DATA"},
       {FindingKind::FlatHandleNotDisposed, "PF_Cmd_SEQUENCE_RESETUP"},
   };

@@ -288,5 +288,40 @@ TEST(SelectorName, IsTheHostsOwnOrANumber) {
   EXPECT_EQ(selectorName(-1), "selector -1");
 }
 
+TEST_F(InstanceTest, DrawsItsControlIntoAPane) {
+  Instance instance(effect);
+  instance.setUp();
+  const EventResult result = instance.drawControl(kAmount);
+  ASSERT_TRUE(result.succeeded());
+  ASSERT_EQ(result.drawing->images().size(), 1u);
+  EXPECT_EQ(result.drawing->images()[0].width, 1);
+  EXPECT_EQ(result.drawing->images()[0].origin.y, 2);
+  const Rgba dot = result.drawing->pane().at(1, 2);
+  EXPECT_NEAR(dot.b, (1 + 0.125) / 2, 0.005) << "half blue over the panel's grey";
+  EXPECT_NEAR(dot.r, 0.125 / 2, 0.005);
+  EXPECT_NEAR(result.drawing->pane().at(2, 2).b, 0.125, 0.005);
+  EXPECT_FALSE(result.handled());
+}
+
+TEST_F(InstanceTest, DrawsNothingWhereTheHostOffersNoDrawing) {
+  host.options().offerDrawing = false;
+  Instance instance(effect);
+  instance.setUp();
+  EXPECT_TRUE(instance.drawControl(kAmount).drawing->images().empty());
+}
+
+TEST_F(InstanceTest, TellsTheEffectOfItsPaneFirstAndOfItsEndLast) {
+  std::vector<std::string> calls;
+  host.options().trace = [&](std::string_view line) {
+    if (line.starts_with("call ")) calls.emplace_back(line.substr(5));
+  };
+  Instance instance(effect);
+  instance.setUp();
+  instance.drawControl(kAmount);
+  instance.shutDown();
+  EXPECT_EQ(calls, (std::vector<std::string>{"PF_Cmd_SEQUENCE_SETUP", "PF_Cmd_EVENT", "PF_Cmd_EVENT", "PF_Cmd_EVENT",
+                                             "PF_Cmd_SEQUENCE_SETDOWN"}));
+}
+
 }  // namespace
 }  // namespace quiltor::standalone

@@ -6,6 +6,7 @@
 #include <string>
 #include <thread>
 
+#include "hostapi/custom_ui.h"
 #include "hostapi/smart_render.h"
 #include "hostapi/suites_aegp.h"
 #include "hostapi/suites_pf.h"
@@ -354,6 +355,30 @@ PF_Err updateParamsUi(PF_InData* in) {
   return PF_Err_NONE;
 }
 
+// Draws a dot.
+PF_Err event(PF_InData* in, const PF_EventExtra* extra) {
+  if (extra->e_type != PF_Event_DRAW) return PF_Err_NONE;
+  const Suite<PF_EffectCustomUISuite1> customUi(in, kPFEffectCustomUISuite, kPFEffectCustomUISuiteVersion1);
+  const Suite<DRAWBOT_DrawbotSuite1> drawings(in, kDRAWBOTDrawSuite, kDRAWBOTDrawSuiteVersion1);
+  const Suite<DRAWBOT_SupplierSuite1> suppliers(in, kDRAWBOTSupplierSuite, kDRAWBOTSupplierSuiteVersion1);
+  const Suite<DRAWBOT_SurfaceSuite1> surfaces(in, kDRAWBOTSurfaceSuite, kDRAWBOTSurfaceSuiteVersion1);
+  DRAWBOT_DrawRef drawing = nullptr;
+  DRAWBOT_SupplierRef supplier = nullptr;
+  DRAWBOT_SurfaceRef surface = nullptr;
+  DRAWBOT_ImageRef image = nullptr;
+  if (customUi->PF_GetDrawingReference(extra->contextH, &drawing) || !drawing) return PF_Err_NONE;
+  if (drawings->GetSupplier(drawing, &supplier) || drawings->GetSurface(drawing, &surface)) return PF_Err_NONE;
+  const unsigned char dot[4] = {255, 0, 0, 255};
+  if (suppliers->NewImageFromBuffer(supplier, 1, 1, 4, kDRAWBOT_PixelLayout_32BGRA_Straight, dot, &image)) {
+    return PF_Err_NONE;
+  }
+  const DRAWBOT_PointF32 origin{1, 2};
+  surfaces->DrawImage(surface, image, &origin, 0.5F);
+  const auto object = reinterpret_cast<DRAWBOT_ObjectRef>(image);
+  if (!does("DrawbotObjectNotReleased")) suppliers->ReleaseObject(object);
+  return PF_Err_NONE;
+}
+
 // --- Rendering ---
 
 struct CopyJob {
@@ -459,6 +484,8 @@ QUILTOR_EXPORT PF_Err EntryPointFunc(A_long selector, PF_InData* in, PF_OutData*
       return sequenceSetdown(in);
     case PF_Cmd_UPDATE_PARAMS_UI:
       return updateParamsUi(in);
+    case PF_Cmd_EVENT:
+      return event(in, static_cast<const PF_EventExtra*>(extra));
     case PF_Cmd_RENDER:
       return render(in, params, output);
     case PF_Cmd_SMART_PRE_RENDER:
