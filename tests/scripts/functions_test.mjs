@@ -65,7 +65,8 @@ function randomJson(depth) {
     case 2: return (random(2000) - 1000) * 10 ** (random(20) - 10);
     case 3: case 4: return text();
     case 5: return Array.from({ length: random(5) }, () => randomJson(depth - 1));
-    default: return Object.fromEntries(Array.from({ length: random(5) }, (_, i) => [text() + i, randomJson(depth - 1)]));
+    default: return Object.fromEntries(Array.from({ length: random(5) }, (_, i) =>
+      [text() + i, randomJson(depth - 1)]));
   }
 }
 
@@ -82,9 +83,10 @@ test("JSON texts are read as they mean", () => {
 
 test("texts that are no JSON give nothing", () => {
   const { JSONify } = loadDialog("gallery", newData());
-  const broken = ["", " ", "{", "}", "[", "]", "[1,]", "[,1]", "[1 2]", "{a:1}", "{\"a\"}", "{\"a\":}", "{\"a\":1,}", "{,}",
-    "\"", "\"a", "\"\\", "\"\\x\"", "\"\\u12\"", "\"\\u12g4\"", "tru", "nul", "01", "1.", ".5", "-", "+1", "1e", "1e+", "0x1",
-    "NaN", "Infinity", "undefined", "1 1", "[1]]", "{\"a\":1}}", "[}", "{]", "alert(1)", "'a'", "//x\n1", "[\"a\":1]"];
+  const broken = ["", " ", "{", "}", "[", "]", "[1,]", "[,1]", "[1 2]", "{a:1}", "{\"a\"}", "{\"a\":}", "{\"a\":1,}",
+    "{,}", "\"", "\"a", "\"\\", "\"\\x\"", "\"\\u12\"", "\"\\u12g4\"", "tru", "nul", "01", "1.", ".5", "-", "+1", "1e",
+    "1e+", "0x1", "NaN", "Infinity", "undefined", "1 1", "[1]]",
+    "{\"a\":1}}", "[}", "{]", "alert(1)", "'a'", "//x\n1", "[\"a\":1]"];
   for (const text of broken) {
     assert.throws(() => JSON.parse(text), SyntaxError, text);
     assert.equal(JSONify(text), undefined, text);
@@ -133,7 +135,8 @@ const library = (name) => `{"name":"${name}","type":"application/library+dcx",`
 test("a cloud library's name stands behind its mark or in front of it", () => {
   const { checkCloud, checkCloudName } = loadDialog("gallery", newData());
   assert.equal(checkCloudName(library("Walls")), "Walls");
-  assert.equal(checkCloudName("{\"type\":\"library+dcx\",\"name\" : \"Walls\",\"children\":[{\"name\":\"Brick\"}]}"), "Walls");
+  assert.equal(checkCloudName("{\"type\":\"library+dcx\",\"name\" : \"Walls\",\"children\":[{\"name\":\"Brick\"}]}"),
+    "Walls");
   assert.equal(checkCloudName(library("\\\"Z\\u00e4une\\\" \\\\\\/")), "\"Z\u00e4une\" \\/");
   for (const damaged of ["", ":", ":\"", ": 7", ":\"Walls", ":\"Walls\\", ":\"\\u12"]) {
     assert.equal(checkCloudName(`[pattern+dcx library+dcx "name"${damaged}`), undefined, damaged);
@@ -154,7 +157,8 @@ test("the images of a cloud library are its patterns' primary files", () => {
   const primary = (path, more) => ({ rel: "primary", path, ...more });
   const manifest = {
     children: [
-      { children: [element("pattern", { rel: "rendition", path: "a.png" }, primary("b.JPG"), null, 7, "x", primary(7))] },
+      { children: [element("pattern", { rel: "rendition", path: "a.png" }, primary("b.JPG"), null, 7, "x",
+        primary(7))] },
       element("image", primary("d.png")),
       element("pattern", primary("a.png"), primary("c.pat"), primary("missing.png"), primary("../outside.png"),
         primary(`/${folder}/a.png`), primary("c:a.png"), primary("sub/g.png")),
@@ -180,8 +184,9 @@ const keys = ["baseFolder", "addFolder1", "addFolder2", "addFolder3", "addFolder
 test("settings are known by the last five characters of their keys", () => {
   const data = newData();
   const { loadConfig, config } = loadDialog("gallery", data);
-  put(join(data, "user/Quiltor/config.txt"), ["  Xlder:  C:\\a b ", "der1: [not set]", "some der2:/x", "addFolder3:",
-    "loadFromCloud: true ", "copyOnImport: TRUE", "erns: false", "flattenSubfolders: true", "", "nothing"].join("\r\n"));
+  const lines = ["  Xlder:  C:\\a b ", "der1: [not set]", "some der2:/x", "addFolder3:", "loadFromCloud: true ",
+    "copyOnImport: TRUE", "erns: false", "flattenSubfolders: true", "", "nothing"];
+  put(join(data, "user/Quiltor/config.txt"), lines.join("\r\n"));
   assert.equal(loadConfig(join(data, "user")), 9);
   assert.deepEqual(plain(config), { baseFolder: "C:\\a b", addFolder1: "[not set]", addFolder2: "/x", addFolder3: "",
     addFolder4: "", loadFromCloud: true, copyOnImport: false, convertPatterns: false, flattenSubfolders: true });
@@ -197,7 +202,7 @@ test("the user's settings come before those of all users", () => {
   put(join(data, "user/Quiltor/config.txt"), "\r\n\r\n");
   script = loadDialog("settings", data);
   script.loadSettings();
-  assert.deepEqual([script.allUsers, script.config.addFolder1], [true, "/shared"], "a file of blank lines has no lines");
+  assert.deepEqual([script.allUsers, script.config.addFolder1], [true, "/shared"], "blank lines are none");
   put(join(data, "user/Quiltor/config.txt"), "addFolder1: /own");
   script = loadDialog("settings", data);
   script.loadSettings();
@@ -250,7 +255,8 @@ test("folders give libraries by what they hold", () => {
     put(join(top, name));
   }
   fs.mkdirSync(join(top, "empty/folder.png"));
-  const config = { baseFolder: top, addFolder1: "[not set]", addFolder2: join(data, "missing"), addFolder3: join(top, "wood") };
+  const config = { baseFolder: top, addFolder1: "[not set]", addFolder2: join(data, "missing"),
+    addFolder3: join(top, "wood") };
   assert.deepEqual(found(data, config), [
     ["Tex tures", "", "/Tex tures"],
     ["Tex tures", "Stone", "/Tex tures/Stone"],

@@ -42,10 +42,12 @@ const corrections = {
   "ScriptUI.d.ts": [
     [/^  selection: ListItem \| number$/gm,
       "  get selection(): ListItem | null\n  set selection(v: ListItem | number | null)"],
+    [/^  (image|icon): ScriptUIImage$/gm,
+      "  get $1(): ScriptUIImage\n  set $1(v: ScriptUIImage | File | string | undefined)"],
     [/^  (left|right|top|bottom|x|y): /gm, "  $1?: "],
   ],
   "JavaScript.d.ts": [
-    [/^  openDialog\(prompt\?: string, filter\?: string \| Function, multiSelect\?: boolean\): File \| File\[\]$/gm, ""],
+    [/^  openDialog\(prompt\?: string, filter\?: .*, multiSelect\?: boolean\): File \| File\[\]$/gm, ""],
     [/^  openDialog\(prompt: string, filter: string \| Function, multiSelect: false\): File$/gm,
       "  openDialog(prompt?: string, filter?: string | Function, multiSelect?: false): File | null"],
     [/^  copy\(target: string\): boolean/gm, "  copy(target: string | File): boolean"],
@@ -57,7 +59,7 @@ const corrections = {
 // What the language server expects of a library, and what the dialogs themselves add to the host's objects.
 const additions = `
 type Extract<T, U> = T extends U ? T : never;
-interface IconButton { path?: string; picture?: ScriptUIImage | null }
+interface IconButton { path?: string; hasPicture?: boolean }
 `;
 
 export class ScriptChecks {

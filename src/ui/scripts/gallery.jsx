@@ -115,26 +115,27 @@ function thumbnailPath(path) {
   return dataFolder(true) + "/Quiltor/.cache/" + pathHash(path) + ".png";
 }
 
-// The picture in a file; null when it is none.
-function pictureAt(path) {
+// Whether the file gave the button a picture. Assigning one that cannot be read throws.
+function loadPicture(button, path) {
   var file = fileAt(path);
-  try {
-    return file.exists ? ScriptUI.newImage(file.absoluteURI) : null;
-  } catch (unreadable) {
-    return null;
-  }
+  return file.exists && succeeds(function () {
+    button.image = file;
+    return true;
+  });
 }
 
 function showImage(button, path) {
-  // A button is drawn again when it is shown again.
-  button.visible = false;
   button.path = path;
-  button.picture = null;
+  button.visible = path !== "";
   if (path === "") return;
-  button.picture = pictureAt(thumbnailPath(path));
-  if (button.picture === null) button.picture = pictureAt(path);
   button.helpTip = lastComponent(path);
-  button.visible = true;
+  button.hasPicture = loadPicture(button, thumbnailPath(path)) || loadPicture(button, path);
+  if (!button.hasPicture) {
+    succeeds(function () {
+      button.image = undefined;
+      return true;
+    });
+  }
 }
 
 function showPage() {
@@ -323,7 +324,7 @@ function showInSystem() {
 // Draws the picture in the button's size, whatever its own.
 function drawThumbnail() {
   this.graphics.drawOSControl();
-  if (this.picture) this.graphics.drawImage(this.picture, 0, 0, this.size[0], this.size[1]);
+  if (this.hasPicture) this.graphics.drawImage(this.image, 0, 0, this.size[0], this.size[1]);
 }
 
 function addButton(parent, text, onClick) {
@@ -336,7 +337,7 @@ function addThumbnail(row) {
   var button = row.add("iconbutton", undefined, undefined, {style: "button"});
   button.preferredSize = _thumbSize;
   button.path = "";
-  button.picture = null;
+  button.hasPicture = false;
   button.onDraw = drawThumbnail;
   button.onClick = pick;
   btns.push(button);
