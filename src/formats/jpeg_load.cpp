@@ -15,9 +15,13 @@ namespace {
 
 constexpr int32_t kFailed = -1;
 
+// Each scan is a pass over the whole picture, and an empty one costs the file ten bytes. Encoders make about ten.
+constexpr int kMostScans = 500;
+
 struct Decoder {
   jpeg_decompress_struct info;
   jpeg_error_mgr errors;
+  jpeg_progress_mgr progress;
   std::jmp_buf onError;
 };
 
@@ -28,18 +32,31 @@ void ignoreMessage(j_common_ptr) {}
   std::longjmp(static_cast<Decoder*>(info->client_data)->onError, 1);
 }
 
-// The library leaves its calls with longjmp, so no object with a destructor lives in the two functions below; their
+void countScans(j_common_ptr info) {
+  if (static_cast<Decoder*>(info->client_data)->info.input_scan_number > kMostScans) info->err->error_exit(info);
+}
+
+// The library leaves its calls with longjmp, so no object with a destructor lives in the three functions below; their
 // buffers belong to the caller.
 
-bool startDecoder(Decoder& decoder, std::FILE* file) {
+bool readHeader(Decoder& decoder, std::FILE* file) {
   decoder.info.err = jpeg_std_error(&decoder.errors);
   decoder.errors.output_message = ignoreMessage;
   decoder.errors.error_exit = jumpBack;
   decoder.info.client_data = &decoder;
   if (setjmp(decoder.onError)) return false;
   jpeg_create_decompress(&decoder.info);
+  decoder.progress.progress_monitor = countScans;
+  decoder.info.progress = &decoder.progress;
   jpeg_stdio_src(&decoder.info, file);
   jpeg_read_header(&decoder.info, TRUE);
+  jpeg_calc_output_dimensions(&decoder.info);
+  return true;
+}
+
+// Reads all scans of a progressive picture, for which the library keeps two bytes for each one of its pixels' bytes.
+bool startDecoder(Decoder& decoder) {
+  if (setjmp(decoder.onError)) return false;
   jpeg_start_decompress(&decoder.info);
   return true;
 }
@@ -61,16 +78,15 @@ bool readRows(Decoder& decoder, uint8_t* pixels, size_t rowBytes, uint8_t* greyR
 int32_t decode(std::FILE* file, PatternImage& image) {
   Decoder decoder = {};
   const ScopeGuard destroy([&] { jpeg_destroy_decompress(&decoder.info); });
-  if (!startDecoder(decoder, file)) return kFailed;
-
+  if (!readHeader(decoder, file)) return kFailed;
   const int components = decoder.info.out_color_components;
+  const auto size = checkedProduct({decoder.info.output_height, decoder.info.output_width, std::max(3, components)});
+  if (!size || *size > kMostPixelBytes || !startDecoder(decoder)) return kFailed;
+
   const bool grey = components == 1;
   image.width = static_cast<int32_t>(decoder.info.output_width);
   image.height = static_cast<int32_t>(decoder.info.output_height);
   image.channels = static_cast<uint8_t>(components);
-  const int bytesPerPixel = std::max(3, components);
-  const auto size = checkedProduct({image.height, image.width, bytesPerPixel});
-  if (!size || *size > kMostPixelBytes) return kFailed;
   image.pixels.resize(static_cast<size_t>(*size));
   std::vector<uint8_t> greyRow(grey ? decoder.info.output_width : 0);
   // Deliberate: two components are packed at two bytes a pixel into an array with room for three.

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "formats/image_file.h"
 #include "formats/test_pictures.h"
 #include "platform/open_files.h"
@@ -81,6 +83,26 @@ TEST_F(JpegLoad, AProgressivePictureIsReadWhole) {
   ASSERT_EQ(load(), 0);
   EXPECT_THAT(image_.pixels, SizeIs(33 * 17 * 3));
   EXPECT_THAT(image_.pixels, Each(99));
+}
+
+TEST_F(JpegLoad, APictureOfMoreScansThanAnyEncoderMakesFails) {
+  writeJpeg(path_, {.width = 20, .height = 10, .pixels = someBytes(600), .progressive = true});
+  const Bytes whole = readBytes(path_);
+  // The last scan, a refinement of the highest bits that are left, again and again.
+  const uint8_t kScan[] = {0xFF, 0xDA};
+  const auto last = std::find_end(whole.begin(), whole.end(), std::begin(kScan), std::end(kScan));
+  ASSERT_NE(last, whole.end());
+  const Bytes scan(last, whole.end() - 2);
+  const auto withScans = [&](size_t count) {
+    Bytes bytes(whole.begin(), last);
+    while (count-- > 0) bytes.insert(bytes.end(), scan.begin(), scan.end());
+    bytes.insert(bytes.end(), whole.end() - 2, whole.end());
+    writeBytes(path_, bytes);
+    return load();
+  };
+  EXPECT_EQ(withScans(400), 0);
+  EXPECT_EQ(withScans(600), -1);
+  EXPECT_EQ(image_.width, 0);
 }
 
 TEST_F(JpegLoad, AFileOfTablesWithoutAPictureFails) {

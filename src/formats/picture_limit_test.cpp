@@ -1,13 +1,31 @@
 #include "formats/picture_limit.h"
 
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
+// The library's header needs the C library's to come first.
+#include <jpeglib.h>
 
 #include "formats/image_file.h"
 #include "formats/test_pictures.h"
 #include "platform/open_files.h"
 #include "platform/scratch_folder.h"
+
+namespace {
+
+int startedJpegDecoders = 0;
+
+}  // namespace
+
+// This stands in front of the library's function in this program.
+extern "C" boolean jpeg_start_decompress(j_decompress_ptr info) {
+  static auto* const real =
+      reinterpret_cast<decltype(jpeg_start_decompress)*>(dlsym(RTLD_NEXT, "jpeg_start_decompress"));
+  ++startedJpegDecoders;
+  return real(info);
+}
 
 namespace quiltor {
 namespace {
@@ -27,21 +45,34 @@ TEST(PictureLimit, APngThatWouldTakeMoreIsRefusedBeforeItsMemoryIsAskedFor) {
   EXPECT_EQ(openFiles(), before);
 }
 
+// The header of a small picture is made to promise another size.
+void setJpegSize(const std::string& path, uint8_t frameMarker, uint8_t byteOfBothSides) {
+  Bytes bytes = readBytes(path);
+  // Marker, length and depth, then height and width.
+  const uint8_t frameHeader[] = {0xFF, frameMarker, 0, 17, 8};
+  const auto frame = std::search(bytes.begin(), bytes.end(), std::begin(frameHeader), std::end(frameHeader));
+  ASSERT_NE(frame, bytes.end());
+  std::fill_n(frame + 5, 4, byteOfBothSides);
+  writeBytes(path, bytes);
+}
+
 TEST(PictureLimit, AJpegThatWouldTakeMoreIsRefusedBeforeItsMemoryIsAskedFor) {
+  constexpr uint8_t kBaseline = 0xC0, kProgressive = 0xC2;
   const ScratchFolder scratch;
   const std::string path = scratch.path("large.jpg");
-  writeJpeg(path, {.width = 8, .height = 8, .pixels = Bytes(192, 255)});
-  Bytes bytes = readBytes(path);
-  // The frame's header: marker, length and depth, then height and width.
-  const uint8_t kFrame[] = {0xFF, 0xC0, 0, 17, 8};
-  const auto frame = std::search(bytes.begin(), bytes.end(), std::begin(kFrame), std::end(kFrame));
-  ASSERT_NE(frame, bytes.end());
-  std::fill_n(frame + 5, 4, uint8_t{0x5D});
-  writeBytes(path, bytes);
-  PatternImage image;
-  EXPECT_EQ(LoadJpegImage(path, image), -1);
-  EXPECT_EQ(image.width, 0x5D5D);
-  EXPECT_EQ(image.pixels.capacity(), 0u);
+  for (const uint8_t kind : {kBaseline, kProgressive}) {
+    writeJpeg(path, {.width = 8, .height = 8, .pixels = Bytes(192, 255), .progressive = kind == kProgressive});
+    setJpegSize(path, kind, 0x5D);
+    PatternImage image;
+    const int before = openFiles();
+    startedJpegDecoders = 0;
+    EXPECT_EQ(LoadJpegImage(path, image), -1);
+    // Once started, the decoder keeps twice as much of a progressive picture as its pixels take.
+    EXPECT_EQ(startedJpegDecoders, 0);
+    EXPECT_EQ(image.width, 0);
+    EXPECT_EQ(image.pixels.capacity(), 0u);
+    EXPECT_EQ(openFiles(), before);
+  }
 }
 
 TEST(PictureLimit, IsOneGibibyte) { EXPECT_EQ(kMostPixelBytes, 1073741824); }
