@@ -75,7 +75,7 @@ bool write(const Encoder& encoder, std::FILE* file, const PatternImage& image, R
   return true;
 }
 
-int32_t encode(const std::string& path, const PatternImage& image) {
+int32_t encode(const std::string& path, const PatternImage& image, AfterEncoderError afterError) {
   Encoder encoder;
   const ScopeGuard destroy([&] { png_destroy_write_struct(&encoder.png, &encoder.info); });
   encoder.png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, jumpBack, ignoreWarning);
@@ -86,19 +86,22 @@ int32_t encode(const std::string& path, const PatternImage& image) {
   Rows rows(image, static_cast<size_t>(image.width) * (image.channels == 3 ? 3 : 4));
   std::FILE* const file = openFile(path, "wb");
   if (!file) return kNotCreated;
-  // Deliberate: the file is left open when the library reports an error.
-  if (!write(encoder, file, image, rows)) return kWriteFailed;
+  if (!write(encoder, file, image, rows)) {
+    // Deliberate: unless the caller minds, the file is left open when the library reports an error.
+    if (afterError == AfterEncoderError::Close) std::fclose(file);
+    return kWriteFailed;
+  }
   // What the C library kept back is written now.
   return std::fclose(file) == 0 ? 0 : kWriteFailed;
 }
 
 }  // namespace
 
-int32_t SavePngImage(const std::string& path, const PatternImage& image) noexcept {
+int32_t SavePngImage(const std::string& path, const PatternImage& image, AfterEncoderError afterError) noexcept {
   if (isEmpty(image)) return kEmptyPicture;
   if (!isWhole(image)) return kWriteFailed;
   try {
-    return encode(path, image);
+    return encode(path, image, afterError);
   } catch (...) {
     return kWriteFailed;
   }

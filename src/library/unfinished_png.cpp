@@ -44,7 +44,10 @@ UnfinishedPng::~UnfinishedPng() {
   if (!temporary_.empty()) removeFile(temporary_);
 }
 
-int32_t UnfinishedPng::write(const PatternImage& image) noexcept { return SavePngImage(temporary_, image); }
+int32_t UnfinishedPng::write(const PatternImage& image) noexcept {
+  // A file that is still open cannot be deleted everywhere, and where it can, it keeps its room on a full disk.
+  return SavePngImage(temporary_, image, AfterEncoderError::Close);
+}
 
 int32_t UnfinishedPng::finish() noexcept {
   if (!replaceFile(temporary_, path_)) return -1;

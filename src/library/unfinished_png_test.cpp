@@ -11,6 +11,7 @@
 #include "formats/image_file.h"
 #include "library/data_folders.h"
 #include "library/files/folders.h"
+#include "platform/open_files.h"
 
 namespace quiltor {
 namespace {
@@ -79,6 +80,17 @@ TEST_F(UnfinishedPngTest, HandsOnWhyItCannotBeWritten) {
   EXPECT_EQ(file.write({}), -2);
   UnfinishedPng nowhere(scratch_.path("missing/a.png"));
   EXPECT_EQ(nowhere.write(image_), -1);
+}
+
+TEST_F(UnfinishedPngTest, GivesItsRoomBackWhenItCannotBeWritten) {
+  const int before = openFiles();
+  {
+    UnfinishedPng file(path_);
+    // Wider than the encoder writes.
+    EXPECT_EQ(file.write({1000001, 1, 3, std::vector<uint8_t>(3000003)}), -5);
+  }
+  EXPECT_EQ(openFiles(), before);
+  EXPECT_THAT(names(), IsEmpty());
 }
 
 TEST_F(UnfinishedPngTest, CannotBeFinishedWhereAFolderHasItsName) {
