@@ -1,0 +1,20 @@
+#pragma once
+
+#include <memory>
+#include <stdexcept>
+
+#include "standalone/scripting/runner/dialog_runner.h"
+
+namespace quiltor::standalone {
+
+// what() is one line: what is missing and how to get it.
+class NoDialogs : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// Loads QuiltorDialogs.so beside the program, so that only those who open dialogs wait for Qt. It stays loaded. Throws
+// NoDialogs when it was not built or cannot run here.
+[[nodiscard]] std::unique_ptr<DialogRunner> loadDialogRunner(const DialogOptions& options);
+
+}  // namespace quiltor::standalone
