@@ -20,7 +20,9 @@ namespace quiltor::testing_support {
 // have given the host nothing to complain about.
 class EffectTest : public testing::Test {
  protected:
-  EffectTest() { std::filesystem::create_directories(userFolder()); }
+  explicit EffectTest(const char* modulePath = QUILTOR_MODULE_PATH) : module(modulePath) {
+    std::filesystem::create_directories(userFolder());
+  }
 
   void TearDown() override {
     host.faults().failNever();
@@ -42,7 +44,7 @@ class EffectTest : public testing::Test {
   EnvironmentOverride userData{"XDG_CONFIG_HOME", folder.path("user")};
   EnvironmentOverride allUsersData{"QUILTOR_ALLUSERS_DIR", folder.path("all")};
   standalone::Host host;
-  standalone::EffectModule module{QUILTOR_MODULE_PATH};
+  standalone::EffectModule module;
   standalone::Effect effect{host, module};
 };
 
