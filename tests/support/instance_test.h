@@ -23,7 +23,7 @@ inline PF_Handle detachData(standalone::Instance& instance) {
 // A test with one application of the effect, not yet set up; shut down at the end.
 class InstanceTest : public EffectTest {
  protected:
-  InstanceTest() { effect.setUp(); }
+  explicit InstanceTest(A_AppID appId = kAppId_AfterEffects) : instance(setUpIn(appId)) {}
 
   void TearDown() override {
     host.faults().failNever();
@@ -37,7 +37,15 @@ class InstanceTest : public EffectTest {
     return flat;
   }
 
-  standalone::Instance instance{effect};
+  standalone::Instance instance;
+
+ private:
+  // An instance knows the parameters that the effect has when it is made.
+  standalone::Effect& setUpIn(A_AppID appId) {
+    host.options().appId = appId;
+    effect.setUp();
+    return effect;
+  }
 };
 
 }  // namespace quiltor::testing_support
