@@ -156,16 +156,40 @@ TEST_F(ConvertImages, AThumbnailThatCannotGetItsNameIsLogged) {
   EXPECT_THAT(log(), testing::Contains("Error saving '" + thumbnailPath(path) + "': -1"));
 }
 
-TEST_F(ConvertImages, ProgressCountsFilesAndFailures) {
+TEST_F(ConvertImages, ProgressCountsFilesPicturesAndFailures) {
   writeDots("a.png");
   std::filesystem::create_directories(thumbnailPath(writeDots("b.png")));
   writeGreyPatterns(library("Wood.pat"), 3);
-  std::vector<std::array<size_t, 3>> steps;
-  const CapturedOutput names(data_.path("names"));
-  convertLibraryFiles({library()}, {library()}, [&](const ConversionProgress& progress) {
-    steps.push_back({progress.total, progress.done, progress.failures});
-  });
-  EXPECT_THAT(steps, ElementsAre(ElementsAre(3, 1, 0), ElementsAre(3, 2, 0), ElementsAre(3, 3, 1)));
+  std::vector<std::array<size_t, 4>> steps;
+  {
+    const CapturedOutput names(data_.path("names"));
+    convertLibraryFiles({library()}, {library()}, [&](const ConversionProgress& progress) {
+      steps.push_back({progress.total, progress.done, progress.made, progress.failures});
+    });
+  }
+  EXPECT_THAT(steps, ElementsAre(ElementsAre(3, 1, 3, 0), ElementsAre(3, 2, 4, 0), ElementsAre(3, 3, 4, 1)));
+}
+
+TEST_F(ConvertImages, ProgressTellsWhatCannotBeRead) {
+  writeGreyPatterns(library("Cut.pat"), 2);
+  std::filesystem::resize_file(library("Cut.pat"), std::filesystem::file_size(library("Cut.pat")) / 2);
+  writeGreyPatterns(library("Good.pat"), 1);
+  writeText(library("a.png"), "no picture");
+  writeText(library("No.pat"), "no pattern file");
+  writeDots("b.png");
+  std::vector<std::string> problems;
+  {
+    const CapturedOutput names(data_.path("names"));
+    convertLibraryFiles({library()}, {library()}, [&](const ConversionProgress& progress) {
+      std::string problem(progress.file.substr(library().size() + 1));
+      if (progress.isUnreadable) problem += " is unreadable";
+      if (progress.report && progress.report->problem) problem += std::string(", ") + progress.report->problem;
+      problems.push_back(problem);
+    });
+  }
+  EXPECT_THAT(problems, ElementsAre("Cut.pat, a pattern says that it reaches beyond the end of the file", "Good.pat",
+                                    "No.pat is unreadable, it does not begin with 8BPT and is no pattern file",
+                                    "a.png is unreadable", "b.png"));
 }
 
 TEST_F(ConvertImages, NothingIsMadeWithoutADataFolder) {

@@ -70,6 +70,9 @@ class Conversion {
   template <class Convert>
   void forEach(const std::vector<std::string>& paths, Convert convert) {
     for (const std::string& path : paths) {
+      progress_.file = path;
+      progress_.isUnreadable = false;
+      progress_.report = nullptr;
       convert(path);
       ++progress_.done;
       if (tell_) tell_(progress_);
@@ -94,7 +97,10 @@ class Conversion {
   }
 
   void tellOfSaving(const std::string& path, int32_t result) {
-    if (result == 0) return;
+    if (result == 0) {
+      ++progress_.made;
+      return;
+    }
     ++progress_.failures;
     logLine({"Error saving '", path, "': ", intToString(result)});
   }
@@ -110,9 +116,10 @@ class Conversion {
       createFolderChain(folder);
       removeUnfinished(folder);
       // Deliberate: a file that cannot be read has no patterns, and that is all.
-      PatternFileReport report;
-      static_cast<void>(loadPatternFile(path, patterns, &report));
-      if (report.outOfMemory) throw std::bad_alloc();
+      report_ = {};
+      progress_.isUnreadable = loadPatternFile(path, patterns, &report_) != 0;
+      progress_.report = &report_;
+      if (report_.outOfMemory) throw std::bad_alloc();
     });
     convertPatterns(path, name, patterns, complete);
   }
@@ -159,7 +166,8 @@ class Conversion {
       logLine({"Converting image '", path, "' to '", target, "'"});
       PatternImage image;
       attempt("Exception in image loader '", path, "", [&] { image = loadPicture(path); });
-      if (!isWhole(image)) return;
+      progress_.isUnreadable = !isWhole(image);
+      if (progress_.isUnreadable) return;
       const PatternImage thumbnail = makeThumbnail(image);
       attempt("Exception in image saver '", path, target, [&] {
         UnfinishedPng file(target);
@@ -173,6 +181,7 @@ class Conversion {
   const std::string cacheFolder_;
   const std::function<void(const ConversionProgress&)>& tell_;
   ConversionProgress progress_;
+  PatternFileReport report_;
 };
 
 }  // namespace

@@ -3,14 +3,22 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
+
+#include "formats/ps_pattern.h"
 
 namespace quiltor {
 
 struct ConversionProgress {
   size_t total = 0;     // pattern files and pictures that were found
   size_t done = 0;      // of these, those converted, skipped or failed
+  size_t made = 0;      // pictures of patterns and thumbnails
   size_t failures = 0;  // lines of the log that tell of one
+  // Of the file that was done last, as long as progress is told. What cannot be read is no failure and not logged.
+  std::string_view file;
+  bool isUnreadable = false;                  // there is no picture in it, or no pattern file
+  const PatternFileReport* report = nullptr;  // of a pattern file that was not skipped
 };
 
 // Makes PNG files of all Photoshop patterns below patternFolders, and thumbnails of the pictures in imageFolders, both

@@ -12,6 +12,7 @@
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/convert_command.h"
 #include "standalone/cli/library_command.h"
+#include "standalone/cli/line_text.h"
 #include "standalone/cli/near_miss.h"
 #include "standalone/cli/number_text.h"
 #include "standalone/cli/params_command.h"
@@ -234,11 +235,6 @@ std::string describeUnknown(const CLI::App& app) {
          (near.empty() ? "; --help lists them" : near);
 }
 
-std::string oneLine(std::string text) {
-  std::ranges::replace(text, '\n', ' ');
-  return text;
-}
-
 int parseAndRun(int argc, const char* const* argv, const Console& console) {
   std::ostream& out = console.out;
   std::ostream& err = console.err;
@@ -265,7 +261,7 @@ int parseAndRun(int argc, const char* const* argv, const Console& console) {
   } catch (const CLI::ExtrasError&) {
     throw UsageError(describeUnknown(app));
   } catch (const CLI::ParseError& error) {
-    throw UsageError(oneLine(error.what()) + "; --help tells what is expected");
+    throw UsageError(std::string(error.what()) + "; --help tells what is expected");
   }
   if (*renderCommand) {
     runRender(session, render, err);
@@ -289,13 +285,13 @@ int runCommandLine(int argc, const char* const* argv, std::ostream& out, std::os
   try {
     return parseAndRun(argc, argv, {out, err, terminal});
   } catch (const UsageError& error) {
-    err << "quiltor: " << error.what() << '\n';
+    err << "quiltor: " << printable(error.what()) << '\n';
     return kWrongUse;
   } catch (const std::bad_alloc&) {
     err << "quiltor: not enough memory for a picture of this size\n";
     return kFailure;
   } catch (const std::exception& error) {
-    err << "quiltor: " << error.what() << '\n';
+    err << "quiltor: " << printable(error.what()) << '\n';
     return kFailure;
   }
 }

@@ -55,14 +55,14 @@ class Conversion {
   bool succeeded() const { return failures_ == 0; }
 
   std::string summary() const {
-    return counted(convertedFiles_, "file") + ", " + counted(patterns_, "pattern") + " converted into " + output_ +
-           ", " + counted(failures_, "failure");
+    return counted(convertedFiles_, "file") + ", " + counted(patterns_, "pattern") + " converted into " +
+           printable(output_) + ", " + counted(failures_, "failure");
   }
 
  private:
   void fail(const std::string& file, const std::string& problem) {
     ++failures_;
-    progress_.complain("quiltor: " + file + ": " + problem);
+    progress_.complain("quiltor: " + printable(file + ": " + problem));
   }
 
   void find(const std::string& source) {
@@ -88,7 +88,7 @@ class Conversion {
     const std::string name = patternFileName(path);
     if (name.empty() || name == "." || name == "..") return fail(path, "its name leaves none for a folder");
     PatternsOfFile file = readPatterns(path);
-    const std::vector<std::string> problems = describeFailures(file);
+    const std::vector<std::string> problems = describeFailures(file.report, file.refused);
     for (const std::string& problem : problems) fail(path, problem);
     if (file.patterns.empty() && problems.empty()) fail(path, "it holds no patterns");
     if (file.patterns.empty()) return;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <set>
 #include <system_error>
 
 #include "library/files/file_exists.h"
@@ -12,6 +13,7 @@
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/library_lookup.h"
 #include "standalone/cli/line_text.h"
+#include "standalone/cli/pattern_report.h"
 #include "standalone/cli/progress_bar.h"
 #include "standalone/cli/quiet_output.h"
 #include "standalone/library/image_folders.h"
@@ -78,6 +80,30 @@ LibrarySettings newSettings(const LibraryScanOptions& options) {
   return settings;
 }
 
+// Tells of the files that the conversion passes over in silence, of each only once: several folders may lead to it.
+class UnreadableFiles {
+ public:
+  void tell(const ConversionProgress& progress, ProgressBar& bar) {
+    const std::vector<std::string> problems = problemsOf(progress);
+    const std::string file(progress.file);
+    if (problems.empty() || !told_.insert(file).second) return;
+    count_ += problems.size();
+    for (const std::string& problem : problems) bar.complain("quiltor: " + printable(file + ": " + problem));
+  }
+
+  std::size_t count() const { return count_; }
+
+ private:
+  static std::vector<std::string> problemsOf(const ConversionProgress& progress) {
+    if (progress.report) return describeFailures(*progress.report, progress.isUnreadable);
+    if (progress.isUnreadable) return {"no picture can be read from it"};
+    return {};
+  }
+
+  std::set<std::string> told_;
+  std::size_t count_ = 0;
+};
+
 }  // namespace
 
 void runLibraryList(const Console& console) {
@@ -119,22 +145,25 @@ bool runLibraryConvert(const Console& console) {
     throw CommandFailure("there is no library to convert; `quiltor library scan FOLDER...` lists those below a folder");
   }
   ConversionProgress end;
+  UnreadableFiles unreadable;
   {
     const QuietOutput quiet;
     ProgressBar bar(console);
     convertLibraryFiles(folders.images, folders.patterns, [&](const ConversionProgress& progress) {
       end = progress;
-      bar.show(progress.done, progress.total, "");
+      unreadable.tell(progress, bar);
+      bar.show(progress.done, progress.total, std::filesystem::path(progress.file).filename().string());
     });
   }
-  console.out << counted(end.total, "file") << " looked through, " << counted(end.failures, "failure") << '\n';
+  console.out << counted(end.total, "file") << " looked through, " << counted(end.made, "picture") << " made, "
+              << counted(end.failures + unreadable.count(), "failure") << '\n';
   if (end.failures > 0) {
     const std::string log = getUserDataFolder(false) + "/Quiltor/log.txt";
     console.err << "quiltor: " << counted(end.failures, "failure") << "; "
                 << (fileExists(log) ? log + " tells which" : "a log is kept where the folder of " + log + " exists")
                 << '\n';
   }
-  return end.failures == 0;
+  return end.failures + unreadable.count() == 0;
 }
 
 }  // namespace quiltor::standalone

@@ -12,15 +12,24 @@ bool continuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0) 
 }  // namespace
 
 std::string printable(std::string_view text) {
-  std::string clean(text);
-  for (char& c : clean) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < kFirstPrintable || byte == kDelete) c = ' ';
+  std::string clean;
+  while (!text.empty()) {
+    const auto first = static_cast<unsigned char>(text[0]);
+    const auto second = static_cast<unsigned char>(text.size() > 1 ? text[1] : '\0');
+    // Of those behind ASCII too, which are two bytes long.
+    const bool isLongControl = first == 0xC2 && second >= 0x80 && second < 0xA0;
+    clean += isLongControl || first < kFirstPrintable || first == kDelete ? ' ' : text[0];
+    text.remove_prefix(isLongControl ? 2 : 1);
   }
   return clean;
 }
 
 std::string quoted(std::string_view text) { return std::string("\"").append(printable(text)).append("\""); }
+
+std::string quotedName(std::string_view name) {
+  constexpr std::size_t kMostCharacters = 60;
+  return quoted(shortened(name, kMostCharacters));
+}
 
 std::string counted(std::size_t count, std::string_view noun) {
   const bool endsInY = noun.ends_with('y');

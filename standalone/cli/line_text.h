@@ -14,6 +14,9 @@ namespace quiltor::standalone {
 // The same between quotation marks.
 [[nodiscard]] std::string quoted(std::string_view text);
 
+// The same of a name that a file gives, which may have any length: its beginning.
+[[nodiscard]] std::string quotedName(std::string_view name);
+
 // "1 pattern", "2 patterns".
 [[nodiscard]] std::string counted(std::size_t count, std::string_view noun);
 

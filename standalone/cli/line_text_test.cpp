@@ -7,6 +7,16 @@ namespace {
 
 TEST(LineText, keepsAQuotedTextOnItsLine) { EXPECT_EQ(quoted("Old\nbricks\x1b[2J"), "\"Old bricks [2J\""); }
 
+TEST(LineText, blanksTheControlsBehindAsciiToo) {
+  EXPECT_EQ(printable("a\u009B2Jb\u0080\u009F"), "a 2Jb  ");
+  EXPECT_EQ(printable("\u00A0\u00C2\xC2"), "\u00A0\u00C2\xC2");
+}
+
+TEST(LineText, showsTheBeginningOfANameWithoutEnd) {
+  EXPECT_EQ(quotedName("Oak"), "\"Oak\"");
+  EXPECT_EQ(quotedName(std::string(61, 'x')), "\"" + std::string(57, 'x') + "...\"");
+}
+
 TEST(LineText, countsThings) {
   EXPECT_EQ(counted(0, "pattern"), "0 patterns");
   EXPECT_EQ(counted(1, "pattern"), "1 pattern");

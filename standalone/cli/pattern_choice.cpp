@@ -32,7 +32,7 @@ std::string listed(const PsPatterns& patterns, const std::vector<std::size_t>& i
     const std::string& name = patterns[indices[i]]->name;
     text += i == 0 ? "#" : ", #";
     text += std::to_string(indices[i]);
-    if (!name.empty()) text.append(" ").append(quoted(name));
+    if (!name.empty()) text.append(" ").append(quotedName(name));
   }
   if (indices.size() > kMostListed) text += " and " + std::to_string(indices.size() - kMostListed) + " more";
   return text;
@@ -71,7 +71,7 @@ class Chooser {
   }
 
   [[noreturn]] void failUnread() const {
-    const std::vector<std::string> failures = describeFailures(file_);
+    const std::vector<std::string> failures = describeFailures(file_.report, file_.refused);
     throw CommandFailure(choice_.file + ": " + (failures.empty() ? "it holds no patterns" : failures.front()));
   }
 

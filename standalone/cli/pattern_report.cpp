@@ -17,7 +17,7 @@ PatternsOfFile readPatterns(const std::string& path) {
 
 std::string describePlace(std::size_t place, std::string_view name) {
   std::string text = ordinal(place + 1) + " pattern";
-  if (!name.empty()) text.append(" ").append(quoted(name));
+  if (!name.empty()) text.append(" ").append(quotedName(name));
   return text;
 }
 
@@ -34,13 +34,13 @@ std::vector<std::size_t> placesOf(const PatternsOfFile& file) {
   return places;
 }
 
-std::vector<std::string> describeFailures(const PatternsOfFile& file) {
+std::vector<std::string> describeFailures(const PatternFileReport& report, bool refused) {
   std::vector<std::string> texts;
-  for (const auto& failure : file.report.failures) {
+  for (const auto& failure : report.failures) {
     texts.push_back(describePlace(failure.place, failure.name) + ": " + failure.reason);
   }
-  if (file.report.problem) {
-    texts.push_back((file.refused ? "" : "the rest of it is not read: ") + std::string(file.report.problem));
+  if (report.problem) {
+    texts.push_back((refused ? "" : "the rest of it is not read: ") + std::string(report.problem));
   }
   return texts;
 }

@@ -25,8 +25,8 @@ struct PatternsOfFile {
 // The place of each pattern that was read.
 [[nodiscard]] std::vector<std::size_t> placesOf(const PatternsOfFile& file);
 
-// One text for everything that could not be read.
-[[nodiscard]] std::vector<std::string> describeFailures(const PatternsOfFile& file);
+// One text for everything that could not be read. refused: that is the whole file.
+[[nodiscard]] std::vector<std::string> describeFailures(const PatternFileReport& report, bool refused);
 
 // Whether a path's name ends like one of a Photoshop pattern file.
 [[nodiscard]] bool endsAsPatternFile(std::string_view path);

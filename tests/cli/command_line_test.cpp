@@ -60,6 +60,8 @@ TEST_F(CommandLineTest, answersWrongUseWithOneLineAndStatus2) {
       {"library", "scan", "--all-users", "--this-user"},
       {"library", "sheet", "Textures"},
       {"library", "list", "extra"},
+      {"ren\nder"},
+      {"convert", "--\nout"},
   };
   for (const auto& words : wrong) {
     const Outcome outcome = run(words);

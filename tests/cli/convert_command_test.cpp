@@ -105,6 +105,12 @@ TEST_F(ConvertCommandTest, tellsWhichPatternOfWhichFileFailsAndConvertsTheOthers
   EXPECT_THAT(made(), ElementsAre("a/a_00.png", "a/a_01.png", "b/b_00.png"));
 }
 
+TEST_F(ConvertCommandTest, keepsEachFailureOnItsLineWhateverAFileIsCalled) {
+  const Outcome outcome = convert({write("a\nb\x1b[2J.pat", {bitmap()})});
+  EXPECT_EQ(std::ranges::count(outcome.err, '\n'), 1) << outcome.err;
+  EXPECT_THAT(outcome.err, HasSubstr("/a b [2J.pat: 1st pattern"));
+}
+
 TEST_F(ConvertCommandTest, tellsThatAFileIsCutOff) {
   const std::string path = folder.path("a.pat");
   writeBytes(path, TestPatternFile{.patterns = {greyPattern(), rgbPattern(u"Last")}, .count = 3}.bytes());

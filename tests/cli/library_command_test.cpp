@@ -162,7 +162,7 @@ TEST_F(LibraryCommandTest, convertMakesPicturesOfPatternsAndThumbnails) {
   const Outcome outcome = library({"convert"});
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
-  EXPECT_THAT(outcome.out, EndsWith(" files looked through, 0 failures\n"));
+  EXPECT_THAT(outcome.out, EndsWith(" files looked through, 4 pictures made, 0 failures\n"));
   EXPECT_TRUE(fs::exists(shared + "/PS Patterns/walls/walls_01.png"));
   EXPECT_EQ(std::distance(fs::directory_iterator(shared + "/.cache"), {}), 2);
   // The patterns are a library of their own from the next scan on.
@@ -173,7 +173,7 @@ TEST_F(LibraryCommandTest, convertTakesAFolderOfNothingButPatterns) {
   fs::remove(textures + "/a.png");
   fs::remove_all(textures + "/wood");
   EXPECT_THAT(library({"scan", textures}).out, HasSubstr("0 libraries"));
-  EXPECT_EQ(library({"convert"}).out, "1 file looked through, 0 failures\n");
+  EXPECT_EQ(library({"convert"}).out, "1 file looked through, 2 pictures made, 0 failures\n");
   EXPECT_THAT(library({"scan"}).out, HasSubstr("[Quiltor] PS Patterns | walls"));
 }
 
@@ -187,6 +187,21 @@ TEST_F(LibraryCommandTest, convertTellsOfFailuresAndWhereTheyAreNamed) {
   fs::create_directories(own);
   EXPECT_EQ(library({"convert"}).err, "quiltor: 2 failures; " + own + "/log.txt tells which\n");
   EXPECT_THAT(readWholeFile(own + "/log.txt"), HasSubstr("Error saving '"));
+}
+
+TEST_F(LibraryCommandTest, convertNamesWhatItCannotReadOnce) {
+  library({"scan", textures});
+  std::ofstream(textures + "/wood/b.png") << "no picture";
+  TestPattern bitmap = greyPattern(u"Old film");
+  bitmap.mode = 0;
+  // Below a library and a configured folder, so that it is met twice.
+  writeBytes(textures + "/old.pat", TestPatternFile{.patterns = {bitmap}}.bytes());
+  const Outcome outcome = library({"convert"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.out, EndsWith(", 3 pictures made, 2 failures\n"));
+  EXPECT_EQ(outcome.err, "quiltor: " + textures +
+                             "/old.pat: 1st pattern \"Old film\": its image mode is not grey, indexed, RGB or CMYK\n" +
+                             "quiltor: " + textures + "/wood/b.png: no picture can be read from it\n");
 }
 
 TEST_F(LibraryCommandTest, convertNeedsAList) {
