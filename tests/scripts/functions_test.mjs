@@ -170,10 +170,28 @@ test("the images of a cloud library are its patterns' primary files", () => {
   put(join(data, "walls/manifest"), JSON.stringify(manifest));
   const images = () => plain(script.cloudImages({ tag: "CLOUD", name: "Walls", folder: join(data, "walls/manifest") }));
   assert.deepEqual(images(), ["b.JPG", "a.png", "sub/g.png"].map((name) => join(folder, name)));
+  put(join(data, "walls/manifest"), `\ufeff${JSON.stringify(element("pattern", primary("a.png")))}`);
+  assert.deepEqual(images(), [join(folder, "a.png")], "with a byte order mark");
   for (const text of ["", "[", "7", "null", "\"x\"", "[]", "{}"]) {
     put(join(data, "walls/manifest"), text);
     assert.deepEqual(images(), [], text);
   }
+});
+
+test("a click on an image closes the gallery with a result only when a library is selected", () => {
+  const script = loadDialog("gallery", newData());
+  let closed = 0;
+  Object.assign(script.gallery, { list: { selection: null }, window: { close() { closed++; } } });
+  script.result = "*UPD";
+  script.pick.call({ path: "/a.png" });
+  assert.deepEqual([script.result, closed], ["*UPD", 1]);
+  script.addLibrary("T", "n", "/f");
+  script.gallery.list.selection = { index: 0 };
+  script.pick.call({ path: "/a.png" });
+  assert.deepEqual([script.result, closed], ["/a.png*T*n*/f*", 2]);
+  script._refresh = true;
+  script.pick.call({ path: "/a.png" });
+  assert.equal(script.result, "/a.png*T*n*/f*UPD");
 });
 
 // --- settings and the list ---

@@ -1,0 +1,113 @@
+#include "tests/dialogs/dialogs_test.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <thread>
+
+#include "tests/support/png_file.h"
+
+namespace quiltor::testing_support {
+namespace {
+
+using Entries = std::filesystem::directory_iterator;
+
+std::size_t threadCount() { return static_cast<std::size_t>(std::distance(Entries("/proc/self/task"), Entries())); }
+
+void waitForThreads(std::size_t count) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(2);
+  while (threadCount() > count && std::chrono::steady_clock::now() < end) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  EXPECT_LE(threadCount(), count) << "the conversion does not end";
+}
+
+void makeFolderOf(const std::string& path) {
+  std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+}
+
+}  // namespace
+
+DialogsTest::DialogsTest(A_AppID appId) : InstanceTest(appId) { instance.setUp(); }
+
+bool DialogsTest::exists(const std::string& path) { return std::filesystem::exists(path); }
+
+std::vector<std::string> DialogsTest::namesIn(const std::string& path) {
+  std::vector<std::string> names;
+  if (!std::filesystem::is_directory(path)) return names;
+  for (const auto& entry : Entries(path)) names.push_back(entry.path().filename().string());
+  std::ranges::sort(names);
+  return names;
+}
+
+void DialogsTest::put(const std::string& path, const std::string& text) {
+  makeFolderOf(path);
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+void DialogsTest::putImage(const std::string& path, const std::vector<uint8_t>& colour) {
+  makeFolderOf(path);
+  std::vector<uint8_t> pixels;
+  for (int i = 0; i < 4; ++i) pixels.insert(pixels.end(), colour.begin(), colour.end());
+  writePng(path, 2, 2, 3, pixels);
+}
+
+void DialogsTest::putImages(const std::string& path, int count) {
+  std::filesystem::create_directories(path);
+  for (int i = 0; i < count; ++i) {
+    const std::string number = std::to_string(1000 + i).substr(1);
+    putImage(path + "/" + number + ".png", {static_cast<uint8_t>(3 * i), 100, 50});
+  }
+}
+
+void DialogsTest::putList(const std::vector<std::string>& lines) const {
+  std::string text;
+  for (const std::string& line : lines) text += line + "\r\n";
+  put(shared("libpaths.txt"), text);
+}
+
+template <class Deed>
+DialogsTest::Opened DialogsTest::open(const std::string& steps, Complaints expected, Deed deed) {
+  Opened opened;
+  std::ostringstream printed;
+  standalone::DialogOptions options;
+  options.steps = steps;
+  options.out = &printed;
+  standalone::Dialogs dialogs(options);
+  host.options().runScript = [&](const std::string& script) {
+    opened.ran = true;
+    standalone::ScriptOutcome outcome = dialogs.run(script);
+    opened.result = outcome.result;
+    return outcome;
+  };
+  const std::size_t threads = threadCount();
+  deed(opened);
+  host.options().runScript = nullptr;
+  waitForThreads(threads);
+  opened.printed = printed.str();
+  opened.complaints = dialogs.complaints();
+  if (expected == Complaints::NotExpected) {
+    EXPECT_EQ(opened.code, 0);
+    EXPECT_THAT(opened.complaints, testing::IsEmpty()) << opened.printed;
+  }
+  return opened;
+}
+
+DialogsTest::Opened DialogsTest::click(const std::string& steps, Complaints expected) {
+  return open(steps, expected, [this](Opened& opened) {
+    const standalone::EventResult event = instance.clickedByUser(Param::txtsrc);
+    opened.code = event.call.code;
+    opened.outFlags = event.call.out.out_flags;
+    opened.handled = event.handled();
+  });
+}
+
+DialogsTest::Opened DialogsTest::openSettings(const std::string& steps) {
+  return open(steps, Complaints::NotExpected, [this](Opened& opened) { opened.code = instance.doDialog().code; });
+}
+
+}  // namespace quiltor::testing_support
