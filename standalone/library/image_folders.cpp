@@ -5,7 +5,6 @@
 #include <set>
 
 #include "library/files/text_pieces.h"
-#include "platform/folder.h"
 
 namespace quiltor::standalone {
 namespace {
@@ -16,7 +15,9 @@ bool isImage(const FolderEntry& entry) { return entry.type == EntryType::File &&
 
 class Walk {
  public:
-  explicit Walk(const std::function<void(const std::string&, bool)>& see) : see_(see) {}
+  Walk(const std::function<void(const std::string&, bool)>& see, std::optional<FolderIdentity> above) : see_(see) {
+    if (above) entered_.insert(*above);
+  }
 
   void enter(const std::string& path) {
     const auto contents = readFolder(path);
@@ -44,8 +45,9 @@ std::string pathIn(const std::string& folder, const std::string& name) {
   return folder.ends_with(kPathSeparator) ? folder + name : folder + kPathSeparator + name;
 }
 
-void forEachImageFolder(const std::string& folder, const std::function<void(const std::string& path, bool)>& see) {
-  Walk(see).enter(folder);
+void forEachImageFolder(const std::string& folder, const std::function<void(const std::string& path, bool)>& see,
+                        std::optional<FolderIdentity> above) {
+  Walk(see, above).enter(folder);
 }
 
 std::vector<std::string> imagesIn(const std::string& folder) {

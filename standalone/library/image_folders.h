@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "library/library_config.h"
+#include "platform/folder.h"
 
 namespace quiltor::standalone {
 
@@ -16,8 +18,10 @@ namespace quiltor::standalone {
 [[nodiscard]] std::string pathIn(const std::string& folder, const std::string& name);
 
 // Calls `see` with the folder and those below it, each before those in it, and whether it directly holds a picture.
-// Folders with the name ".cache" are left out; each folder is entered once, however many links lead to it.
-void forEachImageFolder(const std::string& folder, const std::function<void(const std::string& path, bool)>& see);
+// Folders with the name ".cache" are left out; each folder is entered once, however many links lead to it, and the one
+// above, from which the search comes, not at all.
+void forEachImageFolder(const std::string& folder, const std::function<void(const std::string& path, bool)>& see,
+                        std::optional<FolderIdentity> above = {});
 
 // The pictures directly in the folder.
 [[nodiscard]] std::vector<std::string> imagesIn(const std::string& folder);

@@ -55,10 +55,11 @@ class Search {
       if (entry.type != EntryType::Folder || entry.name == ".cache") continue;
       const std::string subfolder = pathIn(folder, entry.name);
       bool any = false;
-      forEachImageFolder(subfolder, [&](const std::string& path, bool holdsImages) {
+      const auto see = [&](const std::string& path, bool holdsImages) {
         any = any || holdsImages;
         if (holdsImages && !flatten) add({label, shownPath(folder, path), path});
-      });
+      };
+      forEachImageFolder(subfolder, see, contents->identity);
       if (any && flatten) add({label, entry.name, subfolder});
     }
   }

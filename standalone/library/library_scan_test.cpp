@@ -82,6 +82,17 @@ TEST_F(LibraryScanTest, EndsInALoopOfLinks) {
   EXPECT_THAT(lines(), ElementsAre("Textures*wood*T/wood"));
 }
 
+TEST_F(LibraryScanTest, DoesNotListAFolderAgainThatALinkInItLeadsTo) {
+  touch("a.png");
+  touch("wood/b.png");
+  const std::string folder = data_.path("Textures");
+  std::filesystem::create_directory_symlink(folder, folder + "/itself");
+  std::filesystem::create_directory_symlink(folder, folder + "/wood/above");
+  EXPECT_THAT(lines(), ElementsAre("Textures**T", "Textures*wood*T/wood"));
+  settings_.flattenSubfolders = true;
+  EXPECT_THAT(lines(), ElementsAre("Textures**T", "Textures*wood*T/wood"));
+}
+
 TEST_F(LibraryScanTest, TakesTheFoldersInTheirOrderAndTheCloudLast) {
   touch("a.png");
   std::filesystem::create_directories(data_.path("Base"));
