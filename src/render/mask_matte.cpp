@@ -137,8 +137,9 @@ HostErr MaskMatte::apply(const ScopedSuite<PF_WorldSuite2>& worlds, const WorldA
   if (hasPixels(input) && access.formatOf(input) != format) throwHostError(PF_Err_BAD_CALLBACK_PARAM);
 
   PF_EffectWorld matte{};
+  // A layer of one pixel has a matte of one pixel at any resolution.
   const auto scaled = [](A_long size, float downsample) {
-    return static_cast<A_long>(static_cast<double>(size) * static_cast<double>(downsample));
+    return std::max(static_cast<A_long>(static_cast<double>(size) * static_cast<double>(downsample)), A_long{1});
   };
   if (const HostErr code =
           worlds->PF_NewWorld(in_.effect_ref, scaled(in_.width, block.downsampleX),

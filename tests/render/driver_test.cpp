@@ -158,10 +158,11 @@ TEST_F(DriverRender, EndsWithTheHostsAnswerWhereverItIsInterrupted) {
       int interrupted = 0;
       for (int k = 0;; ++k) {
         bool asked = false;
+        const bool persistent = k % 2 == 1;
         host.options().onAbort = [&](int call) -> PF_Err {
-          if (call != k) return PF_Err_NONE;
-          asked = true;
-          return PF_Interrupt_CANCEL;
+          asked = asked || call == k;
+          // Once, or from then on as when a user does not wait.
+          return call == k || (persistent && call > k) ? PF_Interrupt_CANCEL : PF_Err_NONE;
         };
         const RenderResult result = draw(frame);
         host.options().onAbort = nullptr;

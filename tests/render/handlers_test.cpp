@@ -1,4 +1,6 @@
 // How the render commands get their values and layers from the host.
+#include <filesystem>
+#include <string>
 #include <vector>
 
 #include "standalone/host/services/host_options.h"
@@ -104,6 +106,35 @@ TEST_F(HandlersRender, DrawTheSameClassicAndSmart) {
     const World smart = drawn(frame);
     frame.smart = false;
     EXPECT_EQ(drawn(frame).packed(), smart.packed());
+  }
+}
+
+// A pattern that cannot be had is transparent, whatever is left of it.
+TEST_F(HandlersRender, DrawNothingOfAPatternImageWithoutPixels) {
+  for (const bool smart : {false, true}) {
+    RenderCase frame = overlaidFile(filled(4, 3, {0.25, 0.5, 0.75, 1}), PatternSource::MissingFile, {0, 0, 0, {}});
+    frame.smart = smart;
+    const World none = drawn(frame);
+    EXPECT_EQ(compare(none, reference::render(referenceFrame(frame))).firstBeyond, "");
+
+    // A file that ends behind its header leaves a size without pixels; flattened data have no picture at all.
+    RenderCase broken = overlaidFile(frame.input, PatternSource::PngRgb, {2, 2, 3, std::vector<uint8_t>(12, 255)});
+    const std::string path = writePattern(broken);
+    std::filesystem::resize_file(path, std::filesystem::file_size(path) - 20);
+    broken.smart = smart;
+    Instance instance(effect);
+    pick(instance, path);
+    setParameters(instance, broken);
+    for (const bool flat : {false, true}) {
+      if (flat) {
+        ASSERT_TRUE(instance.flatten().succeeded());
+      }
+      const RenderResult result = renderOf(instance, broken);
+      EXPECT_EQ(result.code, PF_Err_NONE);
+      ASSERT_TRUE(result.output.has_value());
+      EXPECT_EQ(result.output->packed(), none.packed()) << flat;
+    }
+    ASSERT_TRUE(instance.resetup().succeeded());
   }
 }
 

@@ -125,6 +125,40 @@ TEST_F(MaskRender, HalvesTheFeatherAtHalfTheResolution) {
   EXPECT_EQ(half.packed(), small.packed());
 }
 
+TEST_F(MaskRender, LimitsALayerOfOnePixelAtAnyResolution) {
+  host.options().masks = {rectangle(1, -9, -9, 9, 9), rectangle(2, 50, 50, 60, 60)};
+  host.options().downsampleX = host.options().downsampleY = {1, 2};
+  World input = filled(1, 1, kInput, WorldFormat::Argb8);
+  for (const bool inside : {true, false}) {
+    Instance instance(effect);
+    ASSERT_TRUE(instance.setUp().succeeded());
+    instance.setPath(kMask, inside ? 1 : 2);
+    instance.setChoice(kSource, 1);
+    Instance::ParamArray params = instance.params(&input);
+    World output(WorldFormat::Argb8, 1, 1);
+    const auto result = instance.call({.selector = PF_Cmd_RENDER,
+                                       .params = params.pointers(),
+                                       .output = &output.record(),
+                                       .prepare = [](PF_InData& in, PF_OutData&) { in.width = in.height = 1; }});
+    EXPECT_EQ(result.code, PF_Err_NONE);
+    EXPECT_EQ(output.at(0, 0).a, inside ? 1 : 0);
+  }
+}
+
+TEST_F(MaskRender, DrawsThePathInTheQualityOfTheFrame) {
+  host.options().masks = {{.id = 1, .vertices = {{1, 1}, {17, 4}, {6, 11}}}};
+  const auto partlyCovered = [this](A_long quality) {
+    host.options().quality = quality;
+    const World picture = masked(1, 20, 12);
+    int count = 0;
+    for (int y = 0; y < 12; ++y)
+      for (int x = 0; x < 20; ++x) count += picture.at(x, y).a > 0 && picture.at(x, y).a < 1 ? 1 : 0;
+    return count;
+  };
+  EXPECT_EQ(partlyCovered(PF_Quality_LO), 0);
+  EXPECT_GT(partlyCovered(PF_Quality_HI), 20);
+}
+
 // Deliberate: the part's place inside the layer is scaled by the resolution in 8 bits and not in deeper worlds.
 TEST_F(MaskRender, PlacesTheMatteOfAPartByTheResolutionInEightBitsOnly) {
   host.options().masks = {rectangle(1, 0, 0, 12, 100)};

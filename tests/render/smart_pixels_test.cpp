@@ -1,6 +1,8 @@
 // What the smart render makes of a host's answers to its requests for pixels, with check-outs of our own in their
 // place.
 #include <map>
+#include <thread>
+#include <vector>
 
 #include "hostapi/smart_render.h"
 #include "tests/render/hand_case.h"
@@ -59,19 +61,23 @@ class SmartPixelsRender : public RenderTest {
     RenderTest::TearDown();
   }
 
+  static PF_PreRenderOutput preRender(standalone::Instance& instance) {
+    PF_PreRenderInput input{};
+    PF_PreRenderOutput output{};
+    PF_PreRenderCallbacks callbacks{};
+    callbacks.checkout_layer = &checkOutLayer;
+    PF_PreRenderExtra extra{&input, &output, &callbacks};
+    EXPECT_EQ(instance.call({.selector = PF_Cmd_SMART_PRE_RENDER, .extra = &extra}).code, PF_Err_NONE);
+    return output;
+  }
+
   // One frame with the pattern taken from a layer, over an output that holds nothing of it yet.
   PF_Err render() {
     pixels_.output.clear();
     standalone::Instance instance(effect);
     EXPECT_TRUE(instance.setUp().succeeded());
     instance.setChoice(kSource, 1);
-    PF_PreRenderInput preInput{};
-    PF_PreRenderOutput preOutput{};
-    PF_PreRenderCallbacks preCallbacks{};
-    preCallbacks.checkout_layer = &checkOutLayer;
-    PF_PreRenderExtra preExtra{&preInput, &preOutput, &preCallbacks};
-    EXPECT_EQ(instance.call({.selector = PF_Cmd_SMART_PRE_RENDER, .extra = &preExtra}).code, PF_Err_NONE);
-
+    const PF_PreRenderOutput preOutput = preRender(instance);
     PF_SmartRenderInput input{};
     input.pre_render_data = preOutput.pre_render_data;
     PF_SmartRenderCallbacks callbacks{&checkOutPixels, &checkInPixels, &checkOutOutput};
@@ -89,6 +95,31 @@ TEST_F(SmartPixelsRender, DrawThePatternOfItsLayer) {
   ASSERT_EQ(render(), PF_Err_NONE);
   EXPECT_EQ(pixels_.output.at(1, 1).r, 1);
   EXPECT_EQ(pixels_.output.at(1, 1).g, 0);
+}
+
+TEST_F(SmartPixelsRender, LeaveNothingOfFramesThatAreNeverDrawn) {
+  constexpr size_t kThreads = 4, kFrames = 5;
+  std::vector<std::vector<PF_PreRenderOutput>> prepared(kThreads);
+  const size_t handles = host.liveHandleCount();
+  {
+    standalone::Instance instance(effect);
+    ASSERT_TRUE(instance.setUp().succeeded());
+    std::vector<std::jthread> threads;
+    for (auto& frames : prepared) {
+      threads.emplace_back([&] {
+        for (size_t i = 0; i < kFrames; ++i) frames.push_back(preRender(instance));
+      });
+    }
+    threads.clear();
+    EXPECT_EQ(host.liveHandleCount(), handles + 1 + kThreads * kFrames);
+  }
+  // The instance is gone; the host lets go of its frames on any thread and in any order.
+  std::jthread([&] {
+    for (auto frames = prepared.rbegin(); frames != prepared.rend(); ++frames) {
+      for (const PF_PreRenderOutput& frame : *frames) frame.delete_pre_render_data_func(frame.pre_render_data);
+    }
+  }).join();
+  EXPECT_EQ(host.liveHandleCount(), handles);
 }
 
 TEST_F(SmartPixelsRender, TakeTheInputWhenTheHostRefusesThePatternsLayer) {
