@@ -1,5 +1,8 @@
+#include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <string>
+#include <vector>
 
 #include "formats/image_file.h"
 #include "library/cache_names.h"
@@ -31,6 +34,12 @@ PatternImage thumbnailOf(const std::string& path) {
 
 std::string shownName(const std::string& path) { return std::filesystem::path(path).stem().string(); }
 
+// The hundredth pattern of a file comes behind the others and not between the tenth and the eleventh.
+void sortByNumbers(std::vector<std::string>& paths) {
+  std::ranges::sort(paths,
+                    [](const std::string& a, const std::string& b) { return strverscmp(a.c_str(), b.c_str()) < 0; });
+}
+
 ContactSheet sheetOf(const Library& library, const std::vector<std::string>& images, const Console& console) {
   ContactSheet sheet{displayName(library), counted(images.size(), "picture"), {}};
   if (images.size() > kMostSheetEntries)
@@ -52,8 +61,9 @@ void runLibrarySheet(const LibrarySheetOptions& options, const Console& console)
   }
   const std::vector<Library> libraries = shownLibraries();
   const Library& library = findLibrary(libraries, options.library);
-  const std::vector<std::string> images = libraryImages(library, readLibrarySettings().flattenSubfolders);
+  std::vector<std::string> images = libraryImages(library, readLibrarySettings().flattenSubfolders);
   if (images.empty()) throw CommandFailure(displayName(library) + ": no pictures in " + pictureFolder(library));
+  sortByNumbers(images);
   UnfinishedPng file(options.output.string());
   if (file.write(drawContactSheet(sheetOf(library, images, console))) != 0 || file.finish() != 0) {
     throw CommandFailure("cannot write " + options.output.string() + ": no such folder, no permission or no room");

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
 #include "formats/image_file.h"
 #include "formats/test_pattern_reading.h"
@@ -223,6 +224,29 @@ TEST_F(LibraryCommandTest, sheetShowsTheKeptThumbnailsOrMakesThem) {
   ASSERT_EQ(library({"sheet", "wood", "-o", sheet}).status, 0);
   ASSERT_EQ(LoadPngImage(sheet, kept), 0);
   EXPECT_EQ(made.pixels, kept.pixels);
+}
+
+TEST_F(LibraryCommandTest, sheetShowsThePatternsOfAFileInTheirOrder) {
+  TestPatternFile file;
+  for (uint8_t i = 0; i < 101; ++i) {
+    file.patterns.push_back(greyPattern());
+    file.patterns.back().planes[0].samples = {i, i};
+  }
+  writeBytes(textures + "/walls.pat", file.bytes());
+  library({"scan", textures});
+  library({"convert"});
+  library({"scan"});
+  ASSERT_EQ(library({"sheet", "walls", "-o", sheet}).status, 0);
+  PatternImage made;
+  ASSERT_EQ(LoadPngImage(sheet, made), 0);
+  // A pixel of each thumbnail: 13 in a row.
+  std::vector<int> shown, inOrder;
+  for (std::size_t i = 0; i < file.patterns.size(); ++i) {
+    const std::size_t x = 30 + i % 13 * 124, y = 90 + i / 13 * 148;
+    shown.push_back(made.pixels.at((y * static_cast<std::size_t>(made.width) + x) * 4));
+    inOrder.push_back(static_cast<int>(i));
+  }
+  EXPECT_EQ(shown, inOrder);
 }
 
 TEST_F(LibraryCommandTest, sheetIsWrittenOnlyForALibraryWithPictures) {
