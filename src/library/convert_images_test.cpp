@@ -65,6 +65,31 @@ TEST_F(ConvertImages, ALargePictureIsSqueezedWhateverItsShape) {
   }
 }
 
+TEST_F(ConvertImages, PlacesInThePictureAreSummedUpInSinglePrecision) {
+  // Of ten. Exact places would reach the fifth in the middle, and sums in double precision the second only later.
+  constexpr int kPlaces[] = {0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 2, 2, 2, 2, 2, 3, 3, 3, 3, 3, 4, 4, 4, 4, 4,
+                             4, 5, 5, 5, 5, 5, 6, 6, 6, 6, 6, 7, 7, 7, 7, 7, 8, 8, 8, 8, 8, 9, 9, 9, 9};
+  PngContents contents = {.width = 10, .height = 10, .pixels = {}};
+  for (uint8_t y = 0; y < 10; ++y) {
+    for (uint8_t x = 0; x < 10; ++x) contents.pixels.insert(contents.pixels.end(), {x, y, 7});
+  }
+  writePng(library("a.png"), contents);
+  convert();
+  const PatternImage image = thumbnail(library("a.png"));
+  ASSERT_THAT(image.pixels, SizeIs(50 * 50 * 4));
+  for (int i = 0; i < 2500; ++i) {
+    ASSERT_THAT(pixel(image, i % 50, i / 50), ElementsAre(kPlaces[i % 50], kPlaces[i / 50], 7)) << i;
+  }
+}
+
+TEST_F(ConvertImages, APictureOfOnePixelGivesAUniformThumbnail) {
+  writePng(library("a.png"), {.width = 1, .height = 1, .pixels = {10, 20, 30}});
+  convert();
+  const PatternImage image = thumbnail(library("a.png"));
+  ASSERT_THAT(image.pixels, SizeIs(50 * 50 * 4));
+  for (int i = 0; i < 2500; ++i) ASSERT_THAT(pixel(image, i % 50, i / 50), ElementsAre(10, 20, 30));
+}
+
 TEST_F(ConvertImages, AThumbnailIsAnRgbFile) {
   const std::string path = writeDots("a.png");
   convert();
