@@ -15,6 +15,7 @@
 #include "standalone/cli/line_text.h"
 #include "standalone/cli/near_miss.h"
 #include "standalone/cli/number_text.h"
+#include "standalone/cli/panel_command.h"
 #include "standalone/cli/params_command.h"
 #include "standalone/cli/render_command.h"
 
@@ -127,6 +128,22 @@ CLI::App* addRender(CLI::App& app, RenderOptions& render, SessionOptions& sessio
       "Example:\n"
       "  quiltor render samples/layer.png -o out.png --pattern samples/woven.png \\\n"
       "      --set blendmode=\"Soft Light\" --set opacity=70% --set offset=50%,50% --set tintcolor=#49bc38");
+  return command;
+}
+
+CLI::App* addPanel(CLI::App& app, PanelOptions& panel, SessionOptions& session) {
+  CLI::App* const command =
+      app.add_subcommand("panel", "Show which parameters the host's panel shows, greys and hides");
+  command->add_option("--set", panel.assignments, "Change a parameter first, as a user would; the panel follows")
+      ->type_name("NAME=VALUE")
+      ->allow_extra_args(false);
+  command
+      ->add_option("--pattern", panel.pattern,
+                   "What the pattern control shows: PNG, JPEG, FILE.pat#INDEX or FILE.pat#NAME")
+      ->type_name("FILE");
+  command->add_option("--draw", panel.drawing, "Draw the pattern control: PNG")->type_name("FILE");
+  addSessionOptions(*command, session);
+  command->footer("Example:\n  quiltor panel --set source=Layer");
   return command;
 }
 
@@ -247,6 +264,8 @@ int parseAndRun(int argc, const char* const* argv, const Console& console) {
   CLI::App* const convertCommand = addConvert(app, convert);
   LibraryCommands library;
   addLibrary(app, library);
+  PanelOptions panel;
+  CLI::App* const panelCommand = addPanel(app, panel, session);
   CLI::App* const paramsCommand = app.add_subcommand("params", "List the effect's parameters");
   paramsCommand->footer("Example:\n  quiltor params");
   addSessionOptions(*paramsCommand, session);
@@ -269,12 +288,14 @@ int parseAndRun(int argc, const char* const* argv, const Console& console) {
     return runConvert(convert, console) ? 0 : kFailure;
   } else if (*library.library) {
     return runLibrary(library, console) ? 0 : kFailure;
+  } else if (*panelCommand) {
+    runPanel(session, panel, out, err);
   } else if (*paramsCommand) {
     runParams(session, out, err);
   } else if (*aboutCommand) {
     runAbout(session, out, err);
   } else {
-    throw UsageError("expected a command: render, convert, library, params or about; --help explains them");
+    throw UsageError("expected a command: render, convert, library, panel, params or about; --help explains them");
   }
   return 0;
 }

@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <cstddef>
 #include <tuple>
-#include <variant>
 
 #include "standalone/cli/command_error.h"
-#include "standalone/cli/flat_sequence.h"
+#include "standalone/cli/instance_values.h"
 #include "standalone/cli/mask_file.h"
 #include "standalone/cli/near_miss.h"
 #include "standalone/cli/parameter_lookup.h"
@@ -17,8 +16,6 @@
 
 namespace quiltor::standalone {
 namespace {
-
-constexpr int kPatternSlot = 0;
 
 HostOptions hostOptions(const RenderOptions& options, const World& input) {
   HostOptions host;
@@ -32,34 +29,6 @@ HostOptions hostOptions(const RenderOptions& options, const World& input) {
   return host;
 }
 
-// An instance saved into a project, in which the pattern's path then takes the place of the saved one.
-std::vector<unsigned char> savedWithPattern(Effect& effect, const std::filesystem::path& pattern) {
-  const std::string selection = patternSelection(std::filesystem::absolute(pattern).string());
-  Instance saved(effect);
-  requireSuccess(saved.setUp(), "setting up an instance");
-  requireSuccess(saved.flatten(), "saving an instance");
-  const std::vector<unsigned char> flat = withTextSlot(saved.sequenceBytes(), kPatternSlot, selection);
-  requireSuccess(saved.shutDown(), "closing an instance");
-  return flat;
-}
-
-struct Apply {
-  Instance& instance;
-  int index;
-  void operator()(double number) const { instance.setNumber(index, number); }
-  void operator()(bool on) const { instance.setChecked(index, on); }
-  void operator()(ChosenItem chosen) const { instance.setChoice(index, chosen.item); }
-  void operator()(ChosenMask mask) const { instance.setPath(index, static_cast<PF_PathID>(mask.id)); }
-  void operator()(const PF_Pixel& color) const { instance.setColor(index, color); }
-  void operator()(const PointValue& point) const {
-    if (point.percent) {
-      instance.setPointPercent(index, point.x, point.y);
-    } else {
-      instance.setPointPixels(index, point.x, point.y);
-    }
-  }
-};
-
 int patternLayerParameter(const std::vector<Parameter>& parameters) {
   for (std::size_t i = 1; i < parameters.size(); ++i) {
     if (parameters[i].definition.param_type == PF_Param_LAYER) return static_cast<int>(i);
@@ -72,7 +41,7 @@ int patternLayerParameter(const std::vector<Parameter>& parameters) {
 void choosePatternSource(Instance& instance, const std::vector<Parameter>& parameters, const std::string& item) {
   for (std::size_t i = 1; i < parameters.size(); ++i) {
     if (shortName(parameters, i) != "source") continue;
-    std::visit(Apply{instance, static_cast<int>(i)}, parseParameterValue(parameters[i], item));
+    applyValue(instance, static_cast<int>(i), parseParameterValue(parameters[i], item));
   }
 }
 
@@ -131,7 +100,7 @@ World renderWith(Effect& effect, const RenderOptions& options, const World& inpu
     instance.setLayer(patternLayerParameter(parameters), patternLayer);
   }
   for (const Assignment& assignment : assignments) {
-    std::visit(Apply{instance, assignment.index}, assignment.value);
+    applyValue(instance, assignment.index, assignment.value);
   }
 
   RenderResult result = renderFrame(effect, instance, options, input);

@@ -121,12 +121,15 @@ CallResult Instance::callWithParams(A_long selector, void* extra) {
   return call({.selector = selector, .params = array.pointers(), .extra = extra});
 }
 
+CallResult Instance::showPanel() {
+  return (effect_.outFlags() & PF_OutFlag_SEND_UPDATE_PARAMS_UI) != 0 ? updateUi() : CallResult{};
+}
+
 CallResult Instance::changedByUser(int index) {
   const PF_ParamDef& definition = effect_.parameters().at(static_cast<std::size_t>(index)).definition;
   CallResult result;
   if ((definition.flags & PF_ParamFlag_SUPERVISE) != 0) result = userChanged(index);
-  if (result.succeeded() && (effect_.outFlags() & PF_OutFlag_SEND_UPDATE_PARAMS_UI) != 0) result = updateUi();
-  return result;
+  return result.succeeded() ? showPanel() : result;
 }
 
 Instance::ParamArray Instance::params(const World* input) const {

@@ -70,6 +70,7 @@ class Instance {
   // What a host sends once the user has changed a value: the first when the parameter is supervised, then the second
   // when the effect asks for it. Gives the first answer that is an error, or the last.
   CallResult changedByUser(int index);
+  CallResult showPanel();  // the refresh that a host sends with it, when the effect asks for it
   // An event in a custom control; the first tells the effect of the pane, too.
   EventResult send(const ControlEvent& event);
   // What a host sends when the user clicks on the control of a parameter, and the refresh of the panel when the effect

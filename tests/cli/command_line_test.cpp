@@ -15,7 +15,7 @@ TEST_F(CommandLineTest, asksForACommand) {
   const Outcome outcome = run({});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err,
-            "quiltor: expected a command: render, convert, library, params or about; --help explains them\n");
+            "quiltor: expected a command: render, convert, library, panel, params or about; --help explains them\n");
 }
 
 TEST_F(CommandLineTest, suggestsTheCommandThatWasNearlyTyped) {
@@ -31,7 +31,7 @@ TEST_F(CommandLineTest, suggestsTheOptionThatWasNearlyTyped) {
 }
 
 TEST_F(CommandLineTest, showsAnExampleInEveryHelp) {
-  for (const char* command : {"render", "convert", "library", "params", "about"}) {
+  for (const char* command : {"render", "convert", "library", "panel", "params", "about"}) {
     const Outcome outcome = run({command, "--help"});
     EXPECT_EQ(outcome.status, 0) << command;
     EXPECT_THAT(outcome.out, HasSubstr("Example:\n  quiltor " + std::string(command))) << command;
