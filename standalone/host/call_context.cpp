@@ -1,6 +1,7 @@
 #include "standalone/host/call_context.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "standalone/host/interaction.h"
@@ -61,12 +62,14 @@ CallResult CallContext::perform(EntryPoint entryPoint, const Call& call) {
 
   const EnterCall enter(this);
   host.begin(*this);
+  const auto start = std::chrono::steady_clock::now();
   try {
     result.code = entryPoint(call.selector, &result.in, &result.out, call.params, call.output, call.extra);
   } catch (...) {
     host.end(*this);
     throw;
   }
+  result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   host.trace("done " + selector() + " with " + std::to_string(result.code));
   checkEnd();
   host.end(*this);
@@ -129,7 +132,7 @@ void CallContext::fillLayer(PF_ParamIndex index, A_long time, A_u_long timeScale
   const World* source = values->layerAt(static_cast<std::size_t>(index), time, timeScale, layer);
   if (!source) return;
   const WorldFormat format = layer ? layer->format() : source->format();
-  checkOut.pixels = std::make_unique<DeliveredLayer>(*source, format, host.options.inputRows, std::nullopt);
+  checkOut.pixels = std::make_unique<DeliveredLayer>(*source, format, host.options, std::nullopt);
   destination.u.ld = checkOut.pixels->record();
 }
 

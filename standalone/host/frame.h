@@ -26,6 +26,7 @@ struct RenderResult {
   std::optional<World> output;
   PF_LRect resultRect{};     // smart render only
   PF_LRect maxResultRect{};  // smart render only
+  double seconds = 0;        // inside the effect, over all calls that make up the frame
 };
 
 }  // namespace quiltor::standalone

@@ -13,6 +13,7 @@ namespace {
 bool note(RenderResult& frame, const CallResult& call) {
   if (frame.code == PF_Err_NONE) frame.code = call.code;
   if (frame.message.empty()) frame.message = call.message();
+  frame.seconds += call.seconds;
   return call.succeeded();
 }
 
@@ -69,7 +70,7 @@ void deletePreRenderData(HostState& host, const void* effect, const PF_PreRender
 RenderResult Instance::render(const Frame& frame) {
   HostState& host = effect_.host().state();
   const WorldFormat format = frame.input->format();
-  DeliveredLayer input(*frame.input, format, host.options.inputRows, std::nullopt);
+  DeliveredLayer input(*frame.input, format, host.options, std::nullopt);
   World output(format, frame.input->width(), frame.input->height(), host.options.outputRows);
   PF_Handle frameData = nullptr;
   RenderResult result;

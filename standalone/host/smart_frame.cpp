@@ -131,7 +131,7 @@ PF_Err SmartFrame::checkOutPixels(A_long id, PF_EffectWorld*& pixels) {
     pixels = host_.options.noLayerPixels == NoLayerPixels::NullWorld ? nullptr : &nothing_.record();
     return PF_Err_NONE;
   }
-  entry.pixels = std::make_unique<DeliveredLayer>(*entry.source, layer_.format(), host_.options.inputRows, entry.area);
+  entry.pixels = std::make_unique<DeliveredLayer>(*entry.source, layer_.format(), host_.options, entry.area);
   pixels = &entry.pixels->record();
   return PF_Err_NONE;
 }

@@ -7,7 +7,7 @@
 namespace quiltor::standalone {
 namespace {
 
-constexpr std::size_t kGuardBytes = 32;
+constexpr std::size_t kGuardBytes = 64;
 // Sizes that no machine has are refused here: some allocators end the process for them.
 constexpr A_HandleSize kLargestHandle = A_HandleSize{1} << 36;
 constexpr unsigned char kFresh = 0xCD;
@@ -24,7 +24,7 @@ PF_Handle HandleTable::make(A_HandleSize size) {
   if (size > kLargestHandle) return nullptr;
   auto block = std::make_unique<Block>();
   try {
-    block->memory.resize(static_cast<std::size_t>(size) + 2 * kGuardBytes, kFresh);
+    block->memory = takeMemory(static_cast<std::size_t>(size) + 2 * kGuardBytes);
   } catch (const std::bad_alloc&) {
     return nullptr;
   }
@@ -41,6 +41,20 @@ PF_Handle HandleTable::make(A_HandleSize size) {
   const PF_Handle handle = &block->cell;
   blocks_.emplace(handle, std::move(block));
   return handle;
+}
+
+HandleTable::Memory HandleTable::takeMemory(std::size_t size) {
+  {
+    std::lock_guard lock(mutex_);
+    const auto fitting = std::find_if(recycled_.begin(), recycled_.end(),
+                                      [size](const Memory& memory) { return memory.size() == size; });
+    if (fitting != recycled_.end()) {
+      Memory memory = std::move(*fitting);
+      recycled_.erase(fitting);
+      return memory;
+    }
+  }
+  return Memory(size, kFresh);
 }
 
 HandleTable::Block* HandleTable::find(PF_Handle handle, const char* action) {
@@ -143,7 +157,8 @@ void HandleTable::drop(PF_Handle handle) {
 void HandleTable::release(Block& block) {
   block.cell = nullptr;
   block.locks = 0;
-  std::vector<unsigned char>().swap(block.memory);
+  if (recycling_) recycled_.push_back(std::move(block.memory));
+  Memory().swap(block.memory);
 }
 
 void HandleTable::checkGuards(Block& block) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -12,11 +13,28 @@
 
 namespace quiltor::standalone {
 
+// Memory that starts on a cache line.
+template <class T>
+struct CacheLineAllocator {
+  using value_type = T;
+  static constexpr std::align_val_t kAlignment{64};
+
+  CacheLineAllocator() = default;
+  template <class U>
+  explicit CacheLineAllocator(const CacheLineAllocator<U>&) {}
+  T* allocate(std::size_t count) { return static_cast<T*>(::operator new(count * sizeof(T), kAlignment)); }
+  void deallocate(T* memory, std::size_t) { ::operator delete(memory, kAlignment); }
+  bool operator==(const CacheLineAllocator&) const { return true; }
+};
+
 // The effect's memory handles, with lock counts and guard bytes on both sides of the data. Cells outlive their data, so
 // that a handle used after its disposal is told from one that never was. Thread-safe.
 class HandleTable {
  public:
   explicit HandleTable(Findings& findings) : findings_(findings) {}
+
+  // From now on memory that was given back is given out again as it is, as hosts do that keep pools of it.
+  void recycle() { recycling_ = true; }
 
   // The content is not zero. Null when there is no memory.
   PF_Handle make(A_HandleSize size);
@@ -39,10 +57,12 @@ class HandleTable {
   void reportLeaks(const void* effect);
 
  private:
+  using Memory = std::vector<unsigned char, CacheLineAllocator<unsigned char>>;
+
   struct Block {
     void* cell = nullptr;  // what a handle points at; null after the disposal
     A_HandleSize size = 0;
-    std::vector<unsigned char> memory;
+    Memory memory;
     int locks = 0;
     std::string madeIn;
     const void* effect = nullptr;
@@ -52,11 +72,14 @@ class HandleTable {
   [[nodiscard]] const Block* findLive(PF_Handle handle) const;
   void checkGuards(Block& block);
   static std::string nameOf(const Block& block);
-  static void release(Block& block);
+  void release(Block& block);
+  Memory takeMemory(std::size_t size);
 
   mutable std::mutex mutex_;
   Findings& findings_;
   std::unordered_map<PF_Handle, std::unique_ptr<Block>> blocks_;
+  bool recycling_ = false;
+  std::vector<Memory> recycled_;
 };
 
 }  // namespace quiltor::standalone

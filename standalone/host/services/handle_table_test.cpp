@@ -61,6 +61,20 @@ TEST_F(HandleTableTest, AWriteBeforeTheDataIsFoundAtTheDisposal) {
   EXPECT_TRUE(findings.has(FindingKind::HandleOverrun));
 }
 
+TEST_F(HandleTableTest, GivesMemoryOutAgainAsItIsWhenToldTo) {
+  handles.recycle();
+  const PF_Handle first = handles.make(8);
+  static_cast<unsigned char*>(handles.lock(first))[0] = 7;
+  void* const memory = *first;
+  handles.unlock(first);
+  handles.dispose(first);
+  EXPECT_NE(*handles.make(9), memory);
+  const PF_Handle second = handles.make(8);
+  EXPECT_EQ(*second, memory);
+  EXPECT_EQ(handles.bytes(second)[0], 7);
+  EXPECT_TRUE(findings.empty()) << findings.text();
+}
+
 TEST_F(HandleTableTest, CountsLiveHandles) {
   const PF_Handle handle = handles.make(8);
   handles.make(8);

@@ -33,6 +33,10 @@ struct HostOptions {
   A_long appId = kAppId_AfterEffects;
   PF_SpecVersion interfaceVersion{13, 28};
 
+  // false: trusts the effect, for measurements. Layers are given out themselves where they can be, instead of as copies
+  // that are compared afterwards, and memory is given out again as it was given back. Read when the host is made.
+  bool strict = true;
+
   int iterateThreads = 4;
   bool offerIterateGeneric = true;  // false: the slot is null
   std::set<std::pair<std::string, int>> suitesNotOffered = {};

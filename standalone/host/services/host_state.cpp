@@ -13,6 +13,7 @@ std::atomic<HostState*> live = nullptr;
 HostState::HostState(HostOptions chosen) : options(std::move(chosen)) {
   HostState* none = nullptr;
   if (!live.compare_exchange_strong(none, this)) throw std::logic_error("only one host lives at a time in a process");
+  if (!options.strict) handles.recycle();
 }
 
 HostState::~HostState() { live = nullptr; }
