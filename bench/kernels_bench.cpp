@@ -1,6 +1,7 @@
 // How many pixels a second the kernels do on one core, a row of a high-definition frame at a time.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <random>
 #include <string>
@@ -15,7 +16,7 @@
 namespace quiltor {
 namespace {
 
-constexpr size_t kWidth = 1920;
+constexpr int32_t kWidth = 1920;
 
 std::vector<float> randomFloats(size_t count) {
   std::mt19937 random(7);
@@ -36,15 +37,23 @@ void countPixels(benchmark::State& state, size_t pixels) {
   state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(pixels));
 }
 
+PixelRun randomRun() {
+  const std::vector<float> channels = randomFloats(4 * PixelRun::kLength);
+  PixelRun run;
+  unpackRun(channels.data(), PixelRun::kLength, run);
+  return run;
+}
+
 void composite(benchmark::State& state, BlendMode mode) {
-  const std::vector<float> input = randomFloats(4 * kWidth), pattern = randomFloats(4 * kWidth);
-  std::vector<float> row = pattern;
+  const std::vector<uint8_t> input = randomBytes(4 * PixelRun::kLength);
+  const PixelRun pattern = randomRun();
+  std::vector<float> row(4 * PixelRun::kLength);
   for (auto _ : state) {
-    row = pattern;
-    compositeRow(input.data(), ChannelType::Float, static_cast<int32_t>(mode), 0.7, kWidth, row.data());
+    compositeRun(pattern, input.data(), ChannelType::Byte, {static_cast<int32_t>(mode), 0.7}, PixelRun::kLength,
+                 row.data());
     benchmark::DoNotOptimize(row.data());
   }
-  countPixels(state, kWidth);
+  countPixels(state, PixelRun::kLength);
 }
 
 void sample(benchmark::State& state, TileMode mode, ChannelType type) {
@@ -59,34 +68,52 @@ void sample(benchmark::State& state, TileMode mode, ChannelType type) {
                               type};
   SampleTransform transform{.offsetX = 960, .offsetY = 540, .cosine = 0.8, .sine = 0.6, .scaleFactor = 0.7};
   transform.tileMode = mode;
-  std::vector<float> row(4 * kWidth);
+  PixelRun run;
   int32_t y = 0;
   for (auto _ : state) {
-    sampleRow(pattern, transform, y, kWidth, row.data());
-    benchmark::DoNotOptimize(row.data());
+    sampleRun(pattern, transform, 512, y, PixelRun::kLength, run);
+    benchmark::DoNotOptimize(run.r);
     y = (y + 1) % 1080;
+  }
+  countPixels(state, PixelRun::kLength);
+}
+
+void blurAcross(benchmark::State& state) {
+  const int32_t radius = static_cast<int32_t>(state.range(0));
+  const TentScale scale(radius, kWidth);
+  const PixelRun run = randomRun();
+  BlurScratch scratch(kWidth, 1);
+  BlurLine line(kWidth, radius);
+  for (auto _ : state) {
+    for (int32_t x = 0; x < kWidth; x += PixelRun::kLength) {
+      benchmark::DoNotOptimize(line.take(run, x, std::min<size_t>(PixelRun::kLength, kWidth - static_cast<size_t>(x))));
+    }
+    line.blurAcross(scale, 0, scratch);
+    benchmark::DoNotOptimize(scratch.plane(0, 0));
   }
   countPixels(state, kWidth);
 }
 
-void blur(benchmark::State& state) {
-  constexpr int32_t kHeight = 64;
-  std::vector<float> pixels = randomFloats(4 * kWidth * kHeight);
-  const BlurFrame frame{pixels.data(), kWidth, kWidth, kHeight};
+void blurDown(benchmark::State& state) {
+  constexpr int32_t kHeight = 1080, kRows = 34;  // a worker's
   const int32_t radius = static_cast<int32_t>(state.range(0));
-  const TentFilter across(radius, frame.width), down(radius, frame.height);
-  BlurScratch scratch(frame.width, frame.height);
+  const TentScale scale(radius, kHeight);
+  BlurScratch scratch(PixelRun::kLength, kHeight);
+  std::fill_n(scratch.plane(0, 0), size_t{3} * kHeight * PixelRun::kLength, 1 << 20);
+  PixelRun run;
   for (auto _ : state) {
-    blurAcross(frame, across, 0, kHeight, scratch);
-    blurDown(scratch, down, 0, kHeight, frame);
-    benchmark::DoNotOptimize(pixels.data());
+    BlurColumns columns(scratch, scale, 0, PixelRun::kLength, 500);
+    for (int32_t row = 0; row < kRows; ++row) {
+      columns.next(run);
+      benchmark::DoNotOptimize(run.r);
+    }
   }
-  countPixels(state, kWidth * kHeight);
+  countPixels(state, PixelRun::kLength * kRows);
 }
 
 void read(benchmark::State& state, WorldFormat format) {
-  const std::vector<uint8_t> world = randomBytes(16 * kWidth);
-  std::vector<float> copy(4 * kWidth);
+  const std::vector<uint8_t> world = randomBytes(size_t{16} * kWidth);
+  std::vector<float> copy(size_t{4} * kWidth);
   for (auto _ : state) {
     readWorldRow(format, world.data(), kWidth, copy.data());
     benchmark::DoNotOptimize(copy.data());
@@ -95,8 +122,8 @@ void read(benchmark::State& state, WorldFormat format) {
 }
 
 void write(benchmark::State& state, WorldFormat format) {
-  const std::vector<float> result = randomFloats(4 * kWidth);
-  std::vector<uint8_t> world(16 * kWidth);
+  const std::vector<float> result = randomFloats(size_t{4} * kWidth);
+  std::vector<uint8_t> world(size_t{16} * kWidth);
   for (auto _ : state) {
     writeWorldRow(format, result.data(), 1, kWidth, world.data());
     benchmark::DoNotOptimize(world.data());
@@ -112,7 +139,8 @@ const bool registered = [] {
   benchmark::RegisterBenchmark("sample/tiled", sample, TileMode::Tiled, ChannelType::Byte);
   benchmark::RegisterBenchmark("sample/mirrored", sample, TileMode::Mirrored, ChannelType::Byte);
   benchmark::RegisterBenchmark("sample/tiled float", sample, TileMode::Tiled, ChannelType::Float);
-  benchmark::RegisterBenchmark("blur/radius", blur)->Arg(2)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
+  benchmark::RegisterBenchmark("blur across/radius", blurAcross)->Arg(2)->Arg(10)->Arg(100);
+  benchmark::RegisterBenchmark("blur down/radius", blurDown)->Arg(2)->Arg(10)->Arg(100);
   for (const auto& [name, format] :
        {std::pair{"8 bits", WorldFormat::Argb8}, {"16 bits", WorldFormat::Argb16}, {"float", WorldFormat::ArgbFloat}}) {
     benchmark::RegisterBenchmark((std::string("read/") + name).c_str(), read, format);

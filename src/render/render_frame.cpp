@@ -1,9 +1,11 @@
 #include "render/render_frame.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstring>
 
 #include "render/kernels/blur.h"
+#include "render/kernels/blur_plain.h"
 #include "render/kernels/composite.h"
 #include "render/worker_threads.h"
 
@@ -13,8 +15,12 @@ namespace {
 // Beyond any frame's size; a radius that is larger weighs all its taps alike.
 constexpr int32_t kLargestRadius = 1 << 30;
 
-float* resultRow(const RenderBlock& block, int32_t y) {
-  return block.result.pixels + static_cast<size_t>(y) * static_cast<size_t>(block.result.width) * 4;
+// Results that are larger leave the caches before they are read again, and are better written past them.
+constexpr int64_t kStreamedBytes = int64_t{12} << 20;
+
+float* resultAt(const RenderBlock& block, int32_t x, int32_t y) {
+  return block.result.pixels +
+         (static_cast<size_t>(y) * static_cast<size_t>(block.result.width) + static_cast<size_t>(x)) * 4;
 }
 
 PatternPixels pixelsOf(const PatternImage& image) {
@@ -38,33 +44,150 @@ int32_t blurRadiusInPixels(double radius) {
   return radius < kLargestRadius ? static_cast<int32_t>(radius) : kLargestRadius;
 }
 
-void samplePass(const RenderBlock& block, const FrameState& frame, const RenderTransform& transform) {
+// What a pass does with the pixels of a row, in runs from the left.
+template <class Work>
+void overRuns(int32_t width, const Work& work) {
+  constexpr int32_t kLength = PixelRun::kLength;
+  for (int32_t x = 0; x < width; x += kLength) work(x, static_cast<size_t>(std::min(kLength, width - x)));
+}
+
+// The input layer below the pattern, and how the two are mixed.
+class Compositing {
+ public:
+  Compositing(const RenderBlock& block, const RenderTransform& transform)
+      : block_(block),
+        input_(block.worlds[0]),
+        type_(input_.bits == 8 ? ChannelType::Byte : ChannelType::Float),
+        settings_{transform.blendMode, transform.opacity,
+                  int64_t{block.result.rowBytes} * block.result.height > kStreamedBytes} {}
+
+  void run(const PixelRun& pattern, int32_t x, int32_t y, size_t count) const {
+    const size_t pixelBytes = type_ == ChannelType::Byte ? 4 : 4 * sizeof(float);
+    const auto* row = static_cast<const uint8_t*>(input_.pixels) +
+                      static_cast<size_t>(y) * static_cast<size_t>(input_.rowBytes) +
+                      static_cast<size_t>(x) * pixelBytes;
+    compositeRun(pattern, row, type_, settings_, count, resultAt(block_, x, y));
+  }
+
+ private:
+  const RenderBlock& block_;
+  const WorldRecord& input_;
+  ChannelType type_;
+  CompositeSettings settings_;
+};
+
+// Sampling and compositing, which both look at one pixel at a time, run by run in the core's cache.
+void sampleAndCompositePass(const RenderBlock& block, const FrameState& frame, const RenderTransform& transform) {
   const SampleTransform sampling = transform.sampling(block);
+  const Compositing compositing(block, transform);
   runOnWorkers(frame.height, [&](int32_t first, int32_t end) {
+    PixelRun run;
     for (int32_t y = first; y < end; ++y) {
-      sampleRow(frame.pattern, sampling, y, static_cast<size_t>(frame.width), resultRow(block, y));
+      overRuns(frame.width, [&](int32_t x, size_t count) {
+        sampleRun(frame.pattern, sampling, x, y, count, run);
+        compositing.run(run, x, y, count);
+      });
     }
+    finishStreaming();
   });
 }
 
-void blurPasses(const RenderBlock& block, const FrameState& frame, int32_t radius) {
-  const BlurFrame picture{block.result.pixels, static_cast<size_t>(block.result.width), frame.width, frame.height};
-  BlurScratch scratch(frame.width, frame.height);
-  const TentFilter across(radius, frame.width), down(radius, frame.height);
-  runOnWorkers(frame.height, [&](int32_t first, int32_t end) { blurAcross(picture, across, first, end, scratch); });
-  runOnWorkers(frame.height, [&](int32_t first, int32_t end) { blurDown(scratch, down, first, end, picture); });
+// Sampling and the blur's horizontal half. The pattern's alpha is not blurred; each row of it waits in the front part
+// of the result's row. False when a colour does not fit the sums.
+bool sampleAndBlurAcrossPass(const RenderBlock& block, const FrameState& frame, const SampleTransform& sampling,
+                             const TentScale& scale, BlurScratch& scratch) {
+  std::atomic<bool> fits = true;
+  runOnWorkers(frame.height, [&](int32_t first, int32_t end) {
+    BlurLine line(frame.width, scale.radius());
+    PixelRun run;
+    bool allFit = true;
+    for (int32_t y = first; y < end; ++y) {
+      overRuns(frame.width, [&](int32_t x, size_t count) {
+        sampleRun(frame.pattern, sampling, x, y, count, run);
+        std::copy_n(run.a, count, resultAt(block, 0, y) + x);
+        allFit = line.take(run, x, count) && allFit;
+      });
+      line.blurAcross(scale, y, scratch);
+    }
+    if (!allFit) fits = false;
+  });
+  return fits;
 }
 
-void compositePass(const RenderBlock& block, const FrameState& frame, const RenderTransform& transform) {
-  const WorldRecord& input = block.worlds[0];
-  const ChannelType type = input.bits == 8 ? ChannelType::Byte : ChannelType::Float;
+// The blur's vertical half and compositing. The runs go from right to left: the result of a run lies behind the alphas
+// of all runs to its left.
+void blurDownAndCompositePass(const RenderBlock& block, const FrameState& frame, const RenderTransform& transform,
+                              const TentScale& scale, const BlurScratch& scratch) {
+  const Compositing compositing(block, transform);
   runOnWorkers(frame.height, [&](int32_t first, int32_t end) {
-    for (int32_t y = first; y < end; ++y) {
-      const auto* row =
-          static_cast<const uint8_t*>(input.pixels) + static_cast<size_t>(y) * static_cast<size_t>(input.rowBytes);
-      compositeRow(row, type, transform.blendMode, transform.opacity, static_cast<size_t>(frame.width),
-                   resultRow(block, y));
+    constexpr int32_t kLength = PixelRun::kLength;
+    PixelRun run;
+    for (int32_t x = (frame.width - 1) / kLength * kLength; x >= 0; x -= kLength) {
+      const auto count = static_cast<size_t>(std::min(kLength, frame.width - x));
+      BlurColumns columns(scratch, scale, x, count, first);
+      for (int32_t y = first; y < end; ++y) {
+        columns.next(run);
+        std::copy_n(resultAt(block, 0, y) + x, count, run.a);
+        compositing.run(run, x, y, count);
+      }
     }
+    finishStreaming();
+  });
+}
+
+// One pass after the other through the whole frame, tap by tap.
+void plainBlurPasses(const RenderBlock& block, const FrameState& frame, const RenderTransform& transform,
+                     int32_t radius) {
+  const SampleTransform sampling = transform.sampling(block);
+  runOnWorkers(frame.height, [&](int32_t first, int32_t end) {
+    PixelRun run;
+    for (int32_t y = first; y < end; ++y) {
+      overRuns(frame.width, [&](int32_t x, size_t count) {
+        sampleRun(frame.pattern, sampling, x, y, count, run);
+        packRun(run, count, resultAt(block, x, y));
+      });
+    }
+  });
+  const BlurFrame picture{block.result.pixels, static_cast<size_t>(block.result.width), frame.width, frame.height};
+  PlainBlurScratch scratch(frame.width, frame.height);
+  const PlainTentFilter across(radius, frame.width), down(radius, frame.height);
+  runOnWorkers(frame.height,
+               [&](int32_t first, int32_t end) { blurAcrossPlainly(picture, across, first, end, scratch); });
+  runOnWorkers(frame.height, [&](int32_t first, int32_t end) { blurDownPlainly(scratch, down, first, end, picture); });
+  const Compositing compositing(block, transform);
+  runOnWorkers(frame.height, [&](int32_t first, int32_t end) {
+    PixelRun run;
+    for (int32_t y = first; y < end; ++y) {
+      overRuns(frame.width, [&](int32_t x, size_t count) {
+        unpackRun(resultAt(block, x, y), count, run);
+        compositing.run(run, x, y, count);
+      });
+    }
+    finishStreaming();
+  });
+}
+
+void blurredPasses(const RenderBlock& block, const FrameState& frame, const RenderTransform& transform,
+                   int32_t radius) {
+  if (radius <= kLargestExactRadius) {
+    const TentScale across(radius, frame.width), down(radius, frame.height);
+    BlurScratch scratch(frame.width, frame.height);
+    if (sampleAndBlurAcrossPass(block, frame, transform.sampling(block), across, scratch)) {
+      return blurDownAndCompositePass(block, frame, transform, down, scratch);
+    }
+  }
+  plainBlurPasses(block, frame, transform, radius);
+}
+
+// Without a pattern everything is composited with a transparent one.
+void compositeNothingPass(const RenderBlock& block, const FrameState& frame, const RenderTransform& transform) {
+  const Compositing compositing(block, transform);
+  runOnWorkers(frame.height, [&](int32_t first, int32_t end) {
+    const PixelRun transparent{};
+    for (int32_t y = first; y < end; ++y) {
+      overRuns(frame.width, [&](int32_t x, size_t count) { compositing.run(transparent, x, y, count); });
+    }
+    finishStreaming();
   });
 }
 
@@ -76,16 +199,16 @@ void drawFrame(RenderBlock& block, FrameState& frame, RenderTransform& transform
   frame.height = std::min(input.height, result.height);
   frame.pattern = choosePattern(block, transform);
 
-  const bool drawn = frame.pattern.usable();
-  if (!drawn || frame.width < result.width || frame.height < result.height) {
+  if (frame.width < result.width || frame.height < result.height) {
     std::memset(result.pixels, 0, static_cast<size_t>(result.rowBytes) * static_cast<size_t>(result.height));
   }
   if (frame.width < 1 || frame.height < 1) return;
-  if (drawn) {
-    samplePass(block, frame, transform);
-    if (const int32_t radius = blurRadiusInPixels(transform.blurRadius); radius > 0) blurPasses(block, frame, radius);
+  if (!frame.pattern.usable()) return compositeNothingPass(block, frame, transform);
+  if (const int32_t radius = blurRadiusInPixels(transform.blurRadius); radius > 0) {
+    blurredPasses(block, frame, transform, radius);
+  } else {
+    sampleAndCompositePass(block, frame, transform);
   }
-  compositePass(block, frame, transform);
 }
 
 }  // namespace

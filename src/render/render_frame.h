@@ -16,8 +16,9 @@ struct FrameState {
   PatternPixels pattern;
 };
 
-// Draws the frame into the block's result: sampling, blur, compositing, each pass on all workers and joined before the
-// next. Replaceable; the driver skips the call when there is none.
+// Draws the frame into the block's result: sampling, blur across, blur down, compositing. Each pass runs on all workers
+// and is joined before the next; neighbouring passes of which each pixel needs its own row only are one, with the same
+// bits. Replaceable; the driver skips the call when there is none.
 using RenderFrame = void (*)(RenderBlock&, FrameState&, RenderTransform&);
 extern RenderFrame renderFrame;
 

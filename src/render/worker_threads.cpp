@@ -3,37 +3,41 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <thread>
+
+#include "platform/small_thread.h"
 
 namespace quiltor {
 
 void runOnWorkers(int32_t rows, const std::function<void(int32_t first, int32_t end)>& work) {
   const int64_t rowsPerWorker = rows / kWorkers + 1;
-  std::array<std::exception_ptr, kWorkers> failures;
-  const auto run = [&](int worker) noexcept {
-    const int64_t first = worker * rowsPerWorker;
-    const int64_t end = std::min<int64_t>(first + rowsPerWorker, rows);
-    if (first >= end) return;
-    try {
-      work(static_cast<int32_t>(first), static_cast<int32_t>(end));
-    } catch (...) {
-      failures[static_cast<size_t>(worker)] = std::current_exception();
+  struct Worker {
+    const std::function<void(int32_t, int32_t)>* work;
+    int64_t first, end;
+    std::exception_ptr failure;
+
+    static void run(void* worker) noexcept {
+      Worker& self = *static_cast<Worker*>(worker);
+      if (self.first >= self.end) return;
+      try {
+        (*self.work)(static_cast<int32_t>(self.first), static_cast<int32_t>(self.end));
+      } catch (...) {
+        self.failure = std::current_exception();
+      }
     }
   };
 
-  std::array<std::thread, kWorkers> threads;
-  for (int worker = 0; worker < kWorkers; ++worker) {
-    try {
-      threads[static_cast<size_t>(worker)] = std::thread(run, worker);
-    } catch (...) {
-      run(worker);  // a system out of threads or memory still gets its picture
+  std::array<Worker, kWorkers> workers;
+  {
+    std::array<SmallThread, kWorkers> threads;
+    for (size_t i = 0; i < workers.size(); ++i) {
+      const int64_t first = static_cast<int64_t>(i) * rowsPerWorker;
+      workers[i] = {&work, first, std::min<int64_t>(first + rowsPerWorker, rows), nullptr};
+      // A system out of threads or memory still gets its picture.
+      if (!threads[i].start(&Worker::run, &workers[i])) Worker::run(&workers[i]);
     }
   }
-  for (std::thread& thread : threads) {
-    if (thread.joinable()) thread.join();
-  }
-  for (const std::exception_ptr& failure : failures) {
-    if (failure) std::rethrow_exception(failure);
+  for (const Worker& worker : workers) {
+    if (worker.failure) std::rethrow_exception(worker.failure);
   }
 }
 

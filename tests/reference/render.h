@@ -52,7 +52,9 @@ struct Position {
 Position patternPosition(const Frame& frame, int x, int y);
 // The pattern over the common part of input and output, with inversion and tint.
 Picture sampled(const Frame& frame);
-// The tent blur of the colours; alpha stays.
+// The tent blur of the colours; alpha stays. Sums are exact where all colours are below 2 in magnitude.
 void blur(Picture& picture, float radius);
+// The same with sums in 32 bits throughout, tap by tap. radius is at least 1.
+void plainBlur(Picture& picture, int radius);
 
 }  // namespace quiltor::reference

@@ -2,59 +2,106 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
+#include "render/kernels/pixel_run.h"
+
+// A tent blur at a cost that does not depend on its radius. Colours are counted in fixed steps, so that the sums that
+// run along a line of pixels are exact: a pixel's sum does not depend on where the sum began, and every instruction set
+// and every division of the work gives the same bits.
 namespace quiltor {
 
-// The weights of a tent filter along a line of pixels. The filter falls from 1 at its centre to 0 at its radius; taps
-// outside the line are dropped and what is left is normalised, so an edge neither darkens nor wraps.
-class TentFilter {
+// A sum is below the square of the largest radius times the largest colour, which 53 bits hold.
+inline constexpr int32_t kLargestExactRadius = 1024;
+inline constexpr float kColourSteps = 0x1p27f;      // to one
+inline constexpr float kLargestExactColour = 2.0f;  // exclusive
+
+// What brings the sums of a tent filter along a line of pixels back to a colour. The weights fall by 1 a pixel from the
+// radius at the centre; taps outside the line are dropped and what is left is normalised, so that an edge neither
+// darkens nor wraps.
+class TentScale {
  public:
   // radius at least 1, length the line's number of pixels.
-  TentFilter(int32_t radius, int32_t length);
+  TentScale(int32_t radius, int32_t length);
 
-  // The farthest tap that can lie on the line and has a weight.
-  int32_t reach() const { return reach_; }
-  // The weight of tap -reach() is at 0, of tap 0 at reach().
-  const double* weights() const { return weights_.data(); }
-  // 1 / the sum of the weights that lie on the line, for each position of it.
-  const double* scales() const { return scales_.data(); }
+  int32_t radius() const { return radius_; }
+  // 1 / the sum of the weights that lie on the line.
+  double at(int32_t position) const { return scales_[static_cast<size_t>(position)]; }
+  const double* data() const { return scales_.data(); }
 
  private:
-  int32_t reach_;
-  std::vector<double> weights_;
+  int32_t radius_;
   std::vector<double> scales_;
 };
 
-// The part of a picture that is blurred: four floats a pixel, R, G, B, A, pitch pixels from one row to the next.
-struct BlurFrame {
-  float* pixels = nullptr;
-  size_t pitch = 0;
-  int32_t width = 0;
-  int32_t height = 0;
-
-  float* row(int32_t y) const { return pixels + static_cast<size_t>(y) * pitch * 4; }
-};
-
-// The horizontally blurred colours of a frame, between the two passes.
+// The horizontally blurred colours of a frame in steps, channel by channel within a row.
 class BlurScratch {
  public:
   BlurScratch(int32_t width, int32_t height);
 
-  // Floats from one row of a plane to the next; a plane's row can be written in whole vectors.
-  size_t pitch() const { return 3 * planeWidth_; }
-  float* plane(int32_t channel, int32_t y) {
-    return colours_.data() + static_cast<size_t>(y) * pitch() + static_cast<size_t>(channel) * planeWidth_;
-  }
+  int32_t width() const { return width_; }
+  int32_t height() const { return height_; }
+  // A row of one channel; it can be read and written in whole runs.
+  int32_t* plane(int32_t channel, int32_t y) { return steps_.get() + offset(channel, y); }
+  const int32_t* plane(int32_t channel, int32_t y) const { return steps_.get() + offset(channel, y); }
 
  private:
+  size_t offset(int32_t channel, int32_t y) const {
+    return (static_cast<size_t>(y) * 3 + static_cast<size_t>(channel)) * planeWidth_;
+  }
+
+  int32_t width_, height_;
   size_t planeWidth_;
-  std::vector<float> colours_;
+  std::unique_ptr<int32_t[]> steps_;
 };
 
-// The two passes of the blur over rows first .. end - 1. Sums are kept in 32 bits, weighted and scaled in 64. Alpha is
-// left alone. The second pass reads rows of the scratch that other calls of the first have written.
-void blurAcross(const BlurFrame& frame, const TentFilter& filter, int32_t first, int32_t end, BlurScratch& scratch);
-void blurDown(BlurScratch& scratch, const TentFilter& filter, int32_t first, int32_t end, const BlurFrame& frame);
+// One row of colours in steps, with the blank margins that the filter reaches into.
+class BlurLine {
+ public:
+  BlurLine(int32_t width, int32_t radius);
+
+  // Takes a run of count pixels from column x on. False when a colour is not below kLargestExactColour in magnitude.
+  [[nodiscard]] bool take(const PixelRun& run, int32_t x, size_t count);
+  // Blurs the row into row y of the scratch.
+  void blurAcross(const TentScale& scale, int32_t y, BlurScratch& scratch) const;
+
+ private:
+  int32_t width_, radius_;
+  std::vector<int32_t> steps_;  // four to a pixel, the last one 0
+};
+
+// A run of columns at a row of the scratch.
+struct ColumnsPlace {
+  const BlurScratch& scratch;
+  int32_t radius, x, y;
+  size_t count;
+
+  // The row of a channel, or null outside the frame.
+  const int32_t* row(int32_t channel, int32_t at) const {
+    return at >= 0 && at < scratch.height() ? scratch.plane(channel, at) + x : nullptr;
+  }
+};
+
+// A run of columns on its way down the scratch.
+class BlurColumns {
+ public:
+  // The sums of count columns from x on, at row y.
+  BlurColumns(const BlurScratch& scratch, const TentScale& scale, int32_t x, size_t count, int32_t y);
+
+  // The blurred colours of the row where the sums stand; goes on to the next one.
+  void next(PixelRun& out);
+
+  // For the kernels: sums of weighted colours and their change to the next row, channel after channel.
+  struct Sums {
+    alignas(64) double tent[3 * PixelRun::kLength];
+    alignas(64) double change[3 * PixelRun::kLength];
+  };
+
+ private:
+  ColumnsPlace place_;
+  const TentScale& scale_;
+  Sums sums_;
+};
 
 }  // namespace quiltor

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include <hwy/cache_control.h>
+
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "render/kernels/composite.cpp"
 #include <hwy/foreach_target.h>
@@ -62,74 +64,75 @@ HWY_INLINE PixelLanes compositePixels(const PixelLanes& input, const PixelLanes&
           L::select(input.a <= L::f(0), input.a, mode.a * input.a)};
 }
 
-// count is a whole number of vectors.
-template <class Mode>
-void compositeVectors(const float* input, double opacity, size_t count, float* pattern) {
+// count pixels from the places where the pointers lie; the pattern has whole vectors of them.
+template <class Mode, ChannelType kInput>
+void compositePixelsOf(const PixelRun& pattern, const void* input, double opacity, size_t count, float* result) {
+  constexpr size_t kBytes = 4 * (kInput == ChannelType::Byte ? sizeof(uint8_t) : sizeof(float));
+  const uint8_t* row = static_cast<const uint8_t*>(input);
   const L::D share = L::d(opacity), rest = L::d(1.0 - opacity);
-  for (size_t i = 0; i < 4 * count; i += 4 * L::kCount) {
-    storeFloats(compositePixels<Mode>(loadFloats(input + i), loadFloats(pattern + i), share, rest), pattern + i);
+  for (size_t i = 0; i < count; i += L::kCount) {
+    const uint8_t* from = row + i * kBytes;
+    float* to = result + 4 * i;
+    const size_t left = count - i;
+    HWY_ALIGN uint8_t lastInput[L::kCount * kBytes];
+    HWY_ALIGN float last[4 * L::kCount];
+    if (HWY_UNLIKELY(left < L::kCount)) {
+      std::memset(lastInput, 0, sizeof lastInput);
+      std::memcpy(lastInput, from, left * kBytes);
+      from = lastInput;
+      to = last;
+    }
+    const PixelLanes under =
+        kInput == ChannelType::Byte ? loadBytes(from) : loadFloats(reinterpret_cast<const float*>(from));
+    storeFloats(compositePixels<Mode>(under, loadRun(pattern, i), share, rest), to);
+    if (HWY_UNLIKELY(left < L::kCount)) std::copy_n(last, 4 * left, result + 4 * i);
   }
 }
 
-using CompositeVectors = void (*)(const float* input, double opacity, size_t count, float* pattern);
+using CompositePixels = void (*)(const PixelRun& pattern, const void* input, double opacity, size_t count,
+                                 float* result);
 
-CompositeVectors compositeFor(int32_t mode) {
+template <ChannelType kInput>
+CompositePixels compositeFor(int32_t mode) {
   switch (static_cast<BlendMode>(mode)) {
 #define QUILTOR_MATTE(name, formula) \
   case BlendMode::name:              \
-    return compositeVectors<Matte<Formulas::formula, BlendMode::name == BlendMode::Normal>>;
+    return compositePixelsOf<Matte<Formulas::formula, BlendMode::name == BlendMode::Normal>, kInput>;
 #define QUILTOR_MIX(name, formula) \
   case BlendMode::name:            \
-    return compositeVectors<Mix<Formulas::formula>>;
+    return compositePixelsOf<Mix<Formulas::formula>, kInput>;
     QUILTOR_BLEND_MODES(QUILTOR_MATTE, QUILTOR_MIX)
 #undef QUILTOR_MATTE
 #undef QUILTOR_MIX
     case BlendMode::Count:
       break;
   }
-  return compositeVectors<Mix<Formulas::none>>;
+  return compositePixelsOf<Mix<Formulas::none>, kInput>;
 }
 
-// A block of a row that is not yet in whole vectors of floats; what lies beyond its end is zero.
-constexpr size_t kBlock = 16 * L::kCount;
-
-size_t wholeVectors(size_t count) { return (count + L::kCount - 1) / L::kCount * L::kCount; }
-
-void compositeBytes(CompositeVectors composite, const uint8_t* input, double opacity, size_t count, float* pattern) {
-  HWY_ALIGN uint8_t bytes[4 * kBlock];
-  HWY_ALIGN float floats[4 * kBlock];
-  HWY_ALIGN float result[4 * kBlock] = {};
-  for (size_t x = 0; x < count; x += kBlock) {
-    const size_t length = std::min(kBlock, count - x), whole = wholeVectors(length);
-    std::memset(bytes, 0, sizeof bytes);
-    std::memcpy(bytes, input + 4 * x, 4 * length);
-    for (size_t i = 0; i < 4 * whole; i += 4 * L::kCount) storeFloats(loadBytes(bytes + i), floats + i);
-    std::copy_n(pattern + 4 * x, 4 * length, result);
-    composite(floats, opacity, whole, result);
-    std::copy_n(result, 4 * length, pattern + 4 * x);
+// Past the caches: the frame is read again only when all of it has been drawn.
+void streamPixels(const float* pixels, size_t count, float* result) {
+  constexpr size_t kLine = 64;
+  const uintptr_t address = reinterpret_cast<uintptr_t>(result);
+  const size_t floats = 4 * count;
+  if (address % sizeof(float) != 0) {
+    std::memcpy(result, pixels, floats * sizeof(float));
+    return;
   }
+  size_t i = std::min(floats, (kLine - address % kLine) % kLine / sizeof(float));
+  std::copy_n(pixels, i, result);
+  for (; i + L::kCount <= floats; i += L::kCount) hn::Stream(hn::LoadU(L::df, pixels + i), L::df, result + i);
+  std::copy_n(pixels + i, floats - i, result + i);
 }
 
-void compositeFloats(CompositeVectors composite, const float* input, double opacity, size_t count, float* pattern) {
-  const size_t whole = count / L::kCount * L::kCount, left = count - whole;
-  composite(input, opacity, whole, pattern);
-  if (left == 0) return;
-  HWY_ALIGN float lastInput[4 * L::kCount] = {};
-  HWY_ALIGN float lastPattern[4 * L::kCount] = {};
-  std::copy_n(input + 4 * whole, 4 * left, lastInput);
-  std::copy_n(pattern + 4 * whole, 4 * left, lastPattern);
-  composite(lastInput, opacity, L::kCount, lastPattern);
-  std::copy_n(lastPattern, 4 * left, pattern + 4 * whole);
-}
-
-void compositeRowKernel(const void* input, ChannelType inputType, int32_t mode, double opacity, size_t count,
-                        float* pattern) {
-  const CompositeVectors composite = compositeFor(mode);
-  if (inputType == ChannelType::Byte) {
-    compositeBytes(composite, static_cast<const uint8_t*>(input), opacity, count, pattern);
-  } else {
-    compositeFloats(composite, static_cast<const float*>(input), opacity, count, pattern);
-  }
+void compositeRunKernel(const PixelRun& pattern, const void* input, ChannelType inputType, const CompositeSettings& how,
+                        size_t count, float* result) {
+  const CompositePixels composite = inputType == ChannelType::Byte ? compositeFor<ChannelType::Byte>(how.mode)
+                                                                   : compositeFor<ChannelType::Float>(how.mode);
+  if (!how.streams) return composite(pattern, input, how.opacity, count, result);
+  HWY_ALIGN float pixels[4 * PixelRun::kLength];
+  composite(pattern, input, how.opacity, count, pixels);
+  streamPixels(pixels, count, result);
 }
 
 }  // namespace HWY_NAMESPACE
@@ -138,11 +141,13 @@ HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
 namespace quiltor {
-HWY_EXPORT(compositeRowKernel);
+HWY_EXPORT(compositeRunKernel);
 
-void compositeRow(const void* input, ChannelType inputType, int32_t mode, double opacity, size_t count,
-                  float* pattern) {
-  HWY_DYNAMIC_DISPATCH(compositeRowKernel)(input, inputType, mode, opacity, count, pattern);
+void compositeRun(const PixelRun& pattern, const void* input, ChannelType inputType, const CompositeSettings& how,
+                  size_t count, float* result) {
+  HWY_DYNAMIC_DISPATCH(compositeRunKernel)(pattern, input, inputType, how, count, result);
 }
+
+void finishStreaming() { hwy::FlushStream(); }
 }  // namespace quiltor
 #endif

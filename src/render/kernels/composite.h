@@ -3,15 +3,28 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "render/kernels/pixel_run.h"
+
 namespace quiltor {
 
 // How a private pixel copy stores a channel; four channels in the order R, G, B, A either way.
 enum class ChannelType { Byte, Float };
 
-// Composites a row of the sampled pattern over the same row of the input layer and writes the result over the pattern:
-// straight alpha, 32-bit float, R, G, B, A. mode counts from 0 in menu order; a mode beyond the last mixes to 0.
-// opacity runs from 0 to 1 and mixes the colour alone. Deliberate: the alpha is the mode's times the input's whatever
-// the opacity.
-void compositeRow(const void* input, ChannelType inputType, int32_t mode, double opacity, size_t count, float* pattern);
+struct CompositeSettings {
+  int32_t mode = 0;    // from 0 in menu order; a mode beyond the last mixes to 0
+  double opacity = 1;  // 0 .. 1, of the colour alone
+  // Whether the result is written past the caches, which pays when it is larger than they are. finishStreaming() has to
+  // follow on the same thread.
+  bool streams = false;
+};
+
+// Composites count pixels of the sampled pattern over those of the input layer and writes the result: straight alpha,
+// 32-bit float, R, G, B, A. Deliberate: the alpha is the mode's times the input's whatever the opacity. count is at
+// most a run's length.
+void compositeRun(const PixelRun& pattern, const void* input, ChannelType inputType, const CompositeSettings& how,
+                  size_t count, float* result);
+
+// Makes what this thread has streamed visible to those that wait for it.
+void finishStreaming();
 
 }  // namespace quiltor

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstring>
 #include <limits>
 
 #include "render/kernels/blend_modes.h"
@@ -12,9 +13,18 @@ namespace {
 
 using Pixel = std::array<float, 4>;
 
-Pixel composite(const Pixel& input, Pixel pattern, BlendMode mode, double opacity = 1) {
-  compositeRow(input.data(), ChannelType::Float, static_cast<int32_t>(mode), opacity, 1, pattern.data());
-  return pattern;
+template <size_t kFloats>
+std::array<float, kFloats> compositeRow(const void* input, ChannelType type, BlendMode mode, double opacity,
+                                        const std::array<float, kFloats>& pattern) {
+  PixelRun run{};
+  unpackRun(pattern.data(), kFloats / 4, run);
+  std::array<float, kFloats> result;
+  compositeRun(run, input, type, {.mode = static_cast<int32_t>(mode), .opacity = opacity}, kFloats / 4, result.data());
+  return result;
+}
+
+Pixel composite(const Pixel& input, const Pixel& pattern, BlendMode mode, double opacity = 1) {
+  return compositeRow(input.data(), ChannelType::Float, mode, opacity, pattern);
 }
 
 // The mix of one channel of two opaque pixels: nothing of the input shows through.
@@ -93,17 +103,35 @@ TEST(Composite, AModeBeyondTheLastMixesToBlack) {
 
 TEST(Composite, AByteOf255IsExactlyOne) {
   const uint8_t input[4] = {255, 0, 51, 255};
-  Pixel out{0, 0, 0, 0};
-  compositeRow(input, ChannelType::Byte, static_cast<int32_t>(BlendMode::Lighten), 1, 1, out.data());
+  const Pixel out = compositeRow(input, ChannelType::Byte, BlendMode::Lighten, 1, Pixel{0, 0, 0, 0});
   EXPECT_EQ(out, (Pixel{1, 0, 51 * 0.003921569f, 1}));
 }
 
 TEST(Composite, ANonFinitePatternHarmsItsOwnPixelOnly) {
-  std::array<float, 8> row{std::numeric_limits<float>::quiet_NaN(), 0, 0, 1, 0.5f, 0.5f, 0.5f, 1};
+  const std::array<float, 8> pattern{std::numeric_limits<float>::quiet_NaN(), 0, 0, 1, 0.5f, 0.5f, 0.5f, 1};
   const std::array<float, 8> inputs{0.5f, 0.5f, 0.5f, 1, 0.5f, 0.5f, 0.5f, 1};
-  compositeRow(inputs.data(), ChannelType::Float, static_cast<int32_t>(BlendMode::Multiply), 1, 2, row.data());
+  const std::array<float, 8> row = compositeRow(inputs.data(), ChannelType::Float, BlendMode::Multiply, 1, pattern);
   EXPECT_EQ(row[4], 0.25f);
   EXPECT_EQ(row[7], 1);
+}
+
+TEST(Composite, StreamsTheSamePixelsToEveryAddress) {
+  PixelRun run{};
+  std::array<float, 4 * 40> input, plain, room;
+  for (size_t i = 0; i < input.size(); ++i) input[i] = static_cast<float>(i % 7) / 7;
+  for (size_t i = 0; i < 40; ++i) run.r[i] = run.g[i] = run.b[i] = run.a[i] = static_cast<float>(i) / 40;
+  CompositeSettings how{.mode = static_cast<int32_t>(BlendMode::Screen), .opacity = 0.7};
+  for (size_t start = 0; start < 16; ++start) {
+    const size_t count = 36 - start;
+    how.streams = false;
+    compositeRun(run, input.data(), ChannelType::Float, how, count, plain.data());
+    how.streams = true;
+    room.fill(-5);
+    compositeRun(run, input.data(), ChannelType::Float, how, count, room.data() + start);
+    finishStreaming();
+    EXPECT_EQ(std::memcmp(room.data() + start, plain.data(), 4 * count * sizeof(float)), 0) << start;
+    EXPECT_EQ(room[start + 4 * count], -5) << start;
+  }
 }
 
 }  // namespace

@@ -15,101 +15,98 @@ HWY_BEFORE_NAMESPACE();
 namespace quiltor {
 namespace HWY_NAMESPACE {
 
+// The channels of a pixel lie side by side in the vectors of this file: a vector holds a quarter of its lanes' pixels.
 using L = Lanes;
+constexpr size_t kPixels = L::kCount / 4;
 
-HWY_INLINE L::F limited(L::F v) {
-  const L::F floored = L::select(v > L::f(0), v, L::f(0));
-  return L::select(floored < L::f(1), floored, L::f(1));
+// The nearest of steps 0 .. maximum; a not-a-number becomes 0, because a maximum with it is its second operand.
+HWY_INLINE L::I toSteps(L::F v, float maximum) {
+  const L::F limited = hn::Min(hn::Max(v, L::f(0)), L::f(1));
+  return hn::ConvertTo(L::di, limited * L::f(maximum) + L::f(0.5f));
 }
 
-// The nearest of steps 0 .. maximum.
-HWY_INLINE L::I toSteps(L::F v, float maximum) { return hn::ConvertTo(L::di, limited(v) * L::f(maximum) + L::f(0.5f)); }
-
-// Each format stores N pixels into a world and, where the private copy is float, loads them from it.
+// Each format stores a vector of R, G, B, A into a world and, where the private copy is float, loads one.
 struct Argb8 {
   static constexpr size_t kBytes = 4;
-  static HWY_INLINE void store(const PixelLanes& p, uint8_t* world) {
-    const L::I low = toSteps(p.a, 255) + hn::ShiftLeft<8>(toSteps(p.r, 255));
-    const L::I high = toSteps(p.g, 255) + hn::ShiftLeft<8>(toSteps(p.b, 255));
-    hn::StoreU(low + hn::ShiftLeft<16>(high), L::di, reinterpret_cast<int32_t*>(world));
+  static constexpr hn::Rebind<uint8_t, decltype(L::di)> bytes{};
+  static constexpr hn::Repartition<uint32_t, decltype(bytes)> words{};
+  static HWY_INLINE auto pack(L::F v) { return hn::BitCast(words, hn::DemoteTo(bytes, toSteps(v, 255))); }
+  static HWY_INLINE void store(L::F v, uint8_t* world) {
+    hn::StoreU(hn::BitCast(bytes, hn::RotateRight<24>(pack(v))), bytes, world);
   }
 };
 
 struct Bgra8 {
   static constexpr size_t kBytes = 4;
-  static HWY_INLINE void store(const PixelLanes& p, uint8_t* world) { Argb8::store({p.g, p.r, p.a, p.b}, world); }
+  static HWY_INLINE void store(L::F v, uint8_t* world) {
+    const auto word = Argb8::pack(v);
+    const auto greenAndAlpha = hn::And(word, hn::Set(Argb8::words, 0xFF00FF00u));
+    const auto blueAndRed = hn::And(hn::RotateRight<16>(word), hn::Set(Argb8::words, 0x00FF00FFu));
+    hn::StoreU(hn::BitCast(Argb8::bytes, hn::Or(greenAndAlpha, blueAndRed)), Argb8::bytes, world);
+  }
 };
 
 struct Argb16 {
   static constexpr size_t kBytes = 8;
-  static HWY_INLINE L::F fraction(L::I halves) {
-    return hn::ConvertTo(L::df, hn::And(halves, hn::Set(L::di, 0xFFFF))) * L::f(1.0f / 32768);
+  static constexpr hn::Rebind<uint16_t, decltype(L::di)> halves{};
+  static constexpr hn::Repartition<uint64_t, decltype(halves)> pixels{};
+  static HWY_INLINE L::F load(const uint8_t* world) {
+    const auto argb = hn::LoadU(halves, reinterpret_cast<const uint16_t*>(world));
+    return hn::ConvertTo(L::df, hn::Shuffle0321(hn::PromoteTo(L::di, argb))) * L::f(1.0f / 32768);
   }
-  static HWY_INLINE PixelLanes load(const uint8_t* world) {
-    L::I ar, gb;
-    hn::LoadInterleaved2(L::di, reinterpret_cast<const int32_t*>(world), ar, gb);
-    return {fraction(hn::ShiftRight<16>(ar)), fraction(gb), fraction(hn::ShiftRight<16>(gb)), fraction(ar)};
-  }
-  static HWY_INLINE void store(const PixelLanes& p, uint8_t* world) {
-    const L::I ar = toSteps(p.a, 32768) + hn::ShiftLeft<16>(toSteps(p.r, 32768));
-    const L::I gb = toSteps(p.g, 32768) + hn::ShiftLeft<16>(toSteps(p.b, 32768));
-    hn::StoreInterleaved2(ar, gb, L::di, reinterpret_cast<int32_t*>(world));
+  static HWY_INLINE void store(L::F v, uint8_t* world) {
+    const auto rgba = hn::BitCast(pixels, hn::DemoteTo(halves, toSteps(v, 32768)));
+    const auto argb = hn::Or(hn::ShiftLeft<16>(rgba), hn::ShiftRight<48>(rgba));
+    hn::StoreU(hn::BitCast(halves, argb), halves, reinterpret_cast<uint16_t*>(world));
   }
 };
 
 struct ArgbFloat {
   static constexpr size_t kBytes = 16;
-  static HWY_INLINE PixelLanes load(const uint8_t* world) {
-    PixelLanes p;
-    hn::LoadInterleaved4(L::df, reinterpret_cast<const float*>(world), p.a, p.r, p.g, p.b);
-    return p;
+  static HWY_INLINE L::F load(const uint8_t* world) {
+    return hn::Shuffle0321(hn::LoadU(L::df, reinterpret_cast<const float*>(world)));
   }
-  static HWY_INLINE void store(const PixelLanes& p, uint8_t* world) {
-    hn::StoreInterleaved4(p.a, p.r, p.g, p.b, L::df, reinterpret_cast<float*>(world));
+  static HWY_INLINE void store(L::F v, uint8_t* world) {
+    hn::StoreU(hn::Shuffle2103(v), L::df, reinterpret_cast<float*>(world));
   }
 };
 
 struct BgraFloat {
   static constexpr size_t kBytes = 16;
-  static HWY_INLINE PixelLanes load(const uint8_t* world) {
-    PixelLanes p;
-    hn::LoadInterleaved4(L::df, reinterpret_cast<const float*>(world), p.b, p.g, p.r, p.a);
-    return p;
+  static HWY_INLINE L::F load(const uint8_t* world) {
+    return hn::Shuffle0321(hn::Shuffle0123(hn::LoadU(L::df, reinterpret_cast<const float*>(world))));
   }
-  static HWY_INLINE void store(const PixelLanes& p, uint8_t* world) {
-    hn::StoreInterleaved4(p.b, p.g, p.r, p.a, L::df, reinterpret_cast<float*>(world));
+  static HWY_INLINE void store(L::F v, uint8_t* world) {
+    hn::StoreU(hn::Shuffle0321(hn::Shuffle0123(v)), L::df, reinterpret_cast<float*>(world));
   }
 };
 
 template <class Format>
 void readRowAs(const uint8_t* world, size_t count, float* copy) {
-  for (size_t x = 0; x < count; x += L::kCount) {
-    if (const size_t left = count - x; left >= L::kCount) {
-      storeFloats(Format::load(world + x * Format::kBytes), copy + 4 * x);
+  for (size_t x = 0; x < count; x += kPixels) {
+    if (const size_t left = count - x; HWY_LIKELY(left >= kPixels)) {
+      hn::StoreU(Format::load(world + x * Format::kBytes), L::df, copy + 4 * x);
     } else {
-      uint8_t last[L::kCount * Format::kBytes] = {};
-      float pixels[L::kCount * 4];
+      HWY_ALIGN uint8_t last[kPixels * Format::kBytes] = {};
+      HWY_ALIGN float pixels[4 * kPixels];
       std::memcpy(last, world + x * Format::kBytes, left * Format::kBytes);
-      storeFloats(Format::load(last), pixels);
+      hn::Store(Format::load(last), L::df, pixels);
       std::copy_n(pixels, 4 * left, copy + 4 * x);
     }
   }
 }
 
-HWY_INLINE PixelLanes multiplied(const PixelLanes& p, float k) {
-  return {p.r * L::f(k), p.g * L::f(k), p.b * L::f(k), p.a * L::f(k)};
-}
-
 template <class Format>
 void writeRowAs(const float* result, float k, size_t count, uint8_t* world) {
-  for (size_t x = 0; x < count; x += L::kCount) {
-    if (const size_t left = count - x; left >= L::kCount) {
-      Format::store(multiplied(loadFloats(result + 4 * x), k), world + x * Format::kBytes);
+  const L::F factor = L::f(k);
+  for (size_t x = 0; x < count; x += kPixels) {
+    if (const size_t left = count - x; HWY_LIKELY(left >= kPixels)) {
+      Format::store(hn::LoadU(L::df, result + 4 * x) * factor, world + x * Format::kBytes);
     } else {
-      float pixels[L::kCount * 4] = {};
-      uint8_t last[L::kCount * Format::kBytes];
+      HWY_ALIGN float pixels[4 * kPixels] = {};
+      HWY_ALIGN uint8_t last[kPixels * Format::kBytes];
       std::copy_n(result + 4 * x, 4 * left, pixels);
-      Format::store(multiplied(loadFloats(pixels), k), last);
+      Format::store(hn::Load(L::df, pixels) * factor, last);
       std::memcpy(world + x * Format::kBytes, last, left * Format::kBytes);
     }
   }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <random>
 #include <vector>
@@ -7,6 +8,7 @@
 #include <hwy/targets.h>
 #include "render/kernels/blend_modes.h"
 #include "render/kernels/blur.h"
+#include "render/kernels/blur_plain.h"
 #include "render/kernels/composite.h"
 #include "render/kernels/convert.h"
 #include "render/kernels/sample.h"
@@ -53,44 +55,83 @@ TEST(InstructionSets, CompositeToTheSameBitsInEveryMode) {
   for (const size_t count : kCounts) {
     for (int32_t mode = 0; mode <= static_cast<int32_t>(BlendMode::Count); ++mode) {
       expectSameOnAll([&] {
-        std::vector<float> row = pattern;
-        compositeRow(input.data(), ChannelType::Float, mode, 0.7, count, row.data());
+        PixelRun run{};
+        unpackRun(pattern.data(), count, run);
+        std::vector<float> row(4 * count);
+        compositeRun(run, input.data(), ChannelType::Float, {mode, 0.7, count % 2 == 0}, count, row.data());
+        finishStreaming();
         return row;
       });
     }
   }
 }
 
-TEST(InstructionSets, SampleToTheSameBitsInEveryTileMode) {
-  std::vector<uint8_t> texels(7 * 5 * 3);
-  std::mt19937 random(3);
-  for (uint8_t& texel : texels) texel = static_cast<uint8_t>(random());
-  const PatternPixels pattern{texels.data(), texels.size(), 7, 5, 3, ChannelType::Byte};
+void expectSameSampling(const PatternPixels& pattern) {
   SampleTransform transform{.offsetX = 3, .offsetY = -2, .cosine = 0.8, .sine = 0.6, .scaleFactor = 0.7};
-  transform.tintAmount = 0.3;
-  transform.tintG = 0.5f;
-  for (const TileMode mode : {TileMode::Single, TileMode::Tiled, TileMode::Mirrored}) {
-    transform.tileMode = mode;
-    for (const size_t count : kCounts) {
-      expectSameOnAll([&] {
-        std::vector<float> row(4 * count);
-        sampleRow(pattern, transform, 4, count, row.data());
-        return row;
-      });
+  for (const double tintAmount : {0.0, 0.3}) {
+    transform.tintAmount = tintAmount;
+    transform.tintG = 0.5f;
+    for (const TileMode mode : {TileMode::Single, TileMode::Tiled, TileMode::Mirrored}) {
+      transform.tileMode = mode;
+      for (const size_t count : kCounts) {
+        expectSameOnAll([&] {
+          PixelRun run;
+          sampleRun(pattern, transform, 2, 4, count, run);
+          std::vector<float> row(4 * count);
+          packRun(run, count, row.data());
+          return row;
+        });
+      }
     }
   }
+}
+
+TEST(InstructionSets, SampleToTheSameBitsInEveryTileModeOfEveryPicture) {
+  std::vector<uint8_t> texels(7 * 5 * 4);
+  std::mt19937 random(3);
+  for (uint8_t& texel : texels) texel = static_cast<uint8_t>(random());
+  for (const int32_t bytes : {1, 3, 4}) {
+    const auto size = static_cast<size_t>(7 * 5 * bytes);
+    expectSameSampling({texels.data(), std::max<size_t>(size, 37), 7, 5, bytes, ChannelType::Byte});
+  }
+  expectSameSampling({texels.data(), texels.size(), 1, 5, 4, ChannelType::Byte});
+  const std::vector<float> channels = randomChannels(4 * 7 * 5, 6);
+  expectSameSampling({channels.data(), channels.size() * sizeof(float), 7, 5, 16, ChannelType::Float});
+}
+
+// The frame's runs, blurred, one after the other.
+std::vector<float> blurred(const std::vector<float>& pixels, int32_t width, int32_t height, int32_t radius) {
+  const TentScale across(radius, width), down(radius, height);
+  BlurScratch scratch(width, height);
+  const size_t count = static_cast<size_t>(width);
+  PixelRun run{};
+  BlurLine line(width, radius);
+  for (int32_t y = 0; y < height; ++y) {
+    unpackRun(pixels.data() + 4 * count * static_cast<size_t>(y), count, run);
+    EXPECT_TRUE(line.take(run, 0, count));
+    line.blurAcross(across, y, scratch);
+  }
+  std::vector<float> out(pixels.size());
+  BlurColumns columns(scratch, down, 0, count, 0);
+  for (int32_t y = 0; y < height; ++y) {
+    columns.next(run);
+    packRun(run, count, out.data() + 4 * count * static_cast<size_t>(y));
+  }
+  return out;
 }
 
 TEST(InstructionSets, BlurToTheSameBits) {
-  for (const int32_t radius : {1, 2, 9, 40}) {
+  const std::vector<float> pixels = randomChannels(4 * 19 * 11, 4);
+  for (const int32_t radius : {1, 2, 9, 40, 100}) {
+    expectSameOnAll([&] { return blurred(pixels, 19, 11, radius); });
     expectSameOnAll([&] {
-      std::vector<float> pixels = randomChannels(4 * 19 * 11, 4);
-      const BlurFrame frame{pixels.data(), 19, 17, 11};
-      const TentFilter across(radius, frame.width), down(radius, frame.height);
-      BlurScratch scratch(frame.width, frame.height);
-      blurAcross(frame, across, 0, frame.height, scratch);
-      blurDown(scratch, down, 0, frame.height, frame);
-      return pixels;
+      std::vector<float> plain = pixels;
+      const BlurFrame frame{plain.data(), 19, 17, 11};
+      const PlainTentFilter across(radius, frame.width), down(radius, frame.height);
+      PlainBlurScratch scratch(frame.width, frame.height);
+      blurAcrossPlainly(frame, across, 0, frame.height, scratch);
+      blurDownPlainly(scratch, down, 0, frame.height, frame);
+      return plain;
     });
   }
 }

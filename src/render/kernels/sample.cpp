@@ -2,15 +2,16 @@
 
 #include <algorithm>
 #include <cstring>
+#include <type_traits>
 
 #include "base/checked_size.h"
-#include "render/kernels/tile_fold.h"
 
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "render/kernels/sample.cpp"
 #include <hwy/foreach_target.h>
 //
 #include <hwy/highway.h>
+#include "render/kernels/sample_places-inl.h"
 #include "render/kernels/vector_lanes-inl.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -18,115 +19,48 @@ namespace quiltor {
 namespace HWY_NAMESPACE {
 
 using L = Lanes;
-constexpr size_t kN = Lanes::kCount;
+constexpr size_t kLength = PixelRun::kLength;
 
-struct Place {
-  L::D x, y;
+// Where the pixels of a run find their texels. A row of the pattern is read in pairs of neighbours; the pair of the
+// last column is the one before it, and both of its texels are then the right one.
+struct RunPlaces {
+  HWY_ALIGN int32_t upper[kLength], lower[kLength];  // index of the pair's left texel
+  HWY_ALIGN int32_t atEnd[kLength];                  // 1 in the last column, else 0
+  HWY_ALIGN int32_t outside[kLength];                // 1 outside of a single tile, else 0; not set in the other modes
+  HWY_ALIGN float fx[kLength], fy[kLength];
 };
 
-// Below this magnitude the quotient of a fold is off by at most one, which the corrections mend exactly.
-constexpr double kFoldInVectors = 0x1p52;
-
-// fmod(x, period) for x in 0 .. kFoldInVectors, exact: product and differences stay on the grid of x.
-HWY_INLINE L::D remainder(L::D x, L::D period, L::D inverse) {
-  const L::D rest = x - hn::Floor(x * inverse) * period;
-  const L::D raised = L::select(rest < L::d(0), rest + period, rest);
-  return L::select(raised >= period, raised - period, raised);
-}
-
-HWY_INLINE L::D foldTiledLanes(L::D x, L::D size, L::D inverse) {
-  const L::D distance = hn::Abs(x);
-  const L::D rest = remainder(distance, size, inverse);
-  const L::D mirrored = L::select(rest == L::d(0), rest, size - rest);
-  const L::D fromBelow = L::select(mirrored >= size, mirrored - size, mirrored);
-  const L::D fromAbove = L::select(distance < size, x, rest);
-  return L::select(x < L::d(0), fromBelow, fromAbove);
-}
-
-HWY_INLINE L::D foldMirroredLanes(L::D x, L::D size, L::D inverse) {
-  const L::D period = size + size;
-  const L::D rest = remainder(hn::Abs(x), period, inverse);
-  const L::D folded = L::select(rest >= size, period - rest, rest);
-  return L::select(folded >= size, size - L::d(1), folded);
-}
-
-template <TileMode kMode>
-HWY_INLINE L::D fold(L::D x, int32_t size) {
-  constexpr bool kMirrored = kMode == TileMode::Mirrored;
-  if (HWY_LIKELY(hn::AllTrue(L::dd, hn::Abs(x) < L::d(kFoldInVectors)))) {
-    const L::D width = L::d(size);
-    return kMirrored ? foldMirroredLanes(x, width, L::d(0.5 / size)) : foldTiledLanes(x, width, L::d(1.0 / size));
-  }
-  HWY_ALIGN double lanes[kN];
-  hn::Store(x, L::dd, lanes);
-  for (double& lane : lanes) lane = kMirrored ? foldMirrored(lane, size) : foldTiled(lane, size);
-  return hn::Load(L::dd, lanes);
-}
-
-// The four texels around N places, as colours of the upper and lower row, left and right.
-struct TexelLanes {
-  PixelLanes upperLeft, upperRight, lowerLeft, lowerRight;
-};
-
-struct TexelIndices {
-  HWY_ALIGN int32_t left[kN], right[kN], upper[kN], lower[kN];
-};
-
-// Reads texels of one, three or four bytes; alpha is 1 unless there are four.
-struct ByteTexels {
-  explicit ByteTexels(const PatternPixels& pattern)
-      : bytes(static_cast<const uint8_t*>(pattern.data)),
-        lastWord(pattern.size - 4),
-        stride(static_cast<size_t>(pattern.bytesPerPixel)),
-        rowBytes(static_cast<size_t>(pattern.width) * stride) {}
-
-  HWY_INLINE int32_t texel(int32_t x, int32_t y) const {
-    const size_t offset = static_cast<size_t>(y) * rowBytes + static_cast<size_t>(x) * stride;
-    const size_t word = std::min(offset, lastWord);
-    uint32_t value;
-    std::memcpy(&value, bytes + word, sizeof value);
-    return static_cast<int32_t>(value >> (8 * (offset - word)));
-  }
-
-  HWY_INLINE TexelLanes read(const TexelIndices& at) const {
-    HWY_ALIGN int32_t words[4][kN];
-    for (size_t i = 0; i < kN; ++i) {
-      words[0][i] = texel(at.left[i], at.upper[i]);
-      words[1][i] = texel(at.right[i], at.upper[i]);
-      words[2][i] = texel(at.left[i], at.lower[i]);
-      words[3][i] = texel(at.right[i], at.lower[i]);
+template <TileMode kMode, bool kPlain, bool kNear>
+void findPlaces(const PatternPixels& pattern, const RowPlaces& row, double first, size_t count, RunPlaces& out) {
+  constexpr hn::Rebind<int32_t, decltype(L::dd)> ints{};
+  constexpr hn::Rebind<float, decltype(L::dd)> floats{};
+  constexpr TileMode kFold = kMode == TileMode::Mirrored ? TileMode::Mirrored : TileMode::Tiled;
+  const Fold<kFold, kNear> foldX(pattern.width), foldY(pattern.height);
+  const V width = number(pattern.width), height = number(pattern.height);
+  const V lastPair = number(pattern.width - 2), lastRow = number(pattern.height - 1);
+  V column = hn::Iota(L::dd, 0.0) + number(first);
+  for (size_t i = 0; i < count; i += kPlaces, column = column + number(kPlaces)) {
+    Place place = row.at<kPlain>(column);
+    if constexpr (kMode == TileMode::Single) {
+      const auto insideX = hn::And(place.x >= number(0), place.x < width);
+      const auto insideY = hn::And(place.y >= number(0), place.y < height);
+      const auto inside = hn::And(insideX, insideY);
+      place.x = hn::IfThenElseZero(inside, place.x);
+      place.y = hn::IfThenElseZero(inside, place.y);
+      hn::Store(hn::DemoteTo(ints, hn::IfThenZeroElse(inside, number(1))), ints, out.outside + i);
+    } else {
+      place.x = foldX(place.x);
+      place.y = foldY(place.y);
     }
-    TexelLanes out{fromBytes(hn::Load(L::di, words[0])), fromBytes(hn::Load(L::di, words[1])),
-                   fromBytes(hn::Load(L::di, words[2])), fromBytes(hn::Load(L::di, words[3]))};
-    if (stride != 4) out.upperLeft.a = L::f(1);
-    return out;
+    const V left = hn::Floor(place.x), upper = hn::Floor(place.y);
+    const V pair = hn::Min(left, lastPair), lower = hn::Min(upper + number(1), lastRow);
+    hn::Store(hn::DemoteTo(floats, place.x - left), floats, out.fx + i);
+    hn::Store(hn::DemoteTo(floats, place.y - upper), floats, out.fy + i);
+    hn::Store(hn::DemoteTo(ints, upper * width + pair), ints, out.upper + i);
+    hn::Store(hn::DemoteTo(ints, lower * width + pair), ints, out.lower + i);
+    hn::Store(hn::DemoteTo(ints, left - pair), ints, out.atEnd + i);
   }
-
-  const uint8_t* bytes;
-  size_t lastWord, stride, rowBytes;
-};
-
-struct FloatTexels {
-  explicit FloatTexels(const PatternPixels& pattern)
-      : floats(static_cast<const float*>(pattern.data)), width(static_cast<size_t>(pattern.width)) {}
-
-  HWY_INLINE PixelLanes gather(const int32_t* x, const int32_t* y) const {
-    HWY_ALIGN float texels[4 * kN];
-    for (size_t i = 0; i < kN; ++i) {
-      const float* texel = floats + 4 * (static_cast<size_t>(y[i]) * width + static_cast<size_t>(x[i]));
-      std::memcpy(texels + 4 * i, texel, 4 * sizeof(float));
-    }
-    return loadFloats(texels);
-  }
-
-  HWY_INLINE TexelLanes read(const TexelIndices& at) const {
-    return {gather(at.left, at.upper), gather(at.right, at.upper), gather(at.left, at.lower),
-            gather(at.right, at.lower)};
-  }
-
-  const float* floats;
-  size_t width;
-};
+}
 
 HWY_INLINE L::F bilinear(L::F upperLeft, L::F upperRight, L::F lowerLeft, L::F lowerRight, L::F fx, L::F fy) {
   const L::F top = upperLeft + (upperRight - upperLeft) * fx;
@@ -134,124 +68,192 @@ HWY_INLINE L::F bilinear(L::F upperLeft, L::F upperRight, L::F lowerLeft, L::F l
   return top + (bottom - top) * fy;
 }
 
-// Bilinear colour and plain alpha at places that lie inside the pattern.
-template <class Texels>
-HWY_INLINE PixelLanes readPattern(const Texels& texels, const PatternPixels& pattern, const Place& place) {
-  const L::D left = hn::Floor(place.x), upper = hn::Floor(place.y);
-  const L::F fx = L::narrow(place.x - left), fy = L::narrow(place.y - upper);
-  const L::I x0 = hn::DemoteTo(L::di, left), y0 = hn::DemoteTo(L::di, upper);
-  const L::I one = hn::Set(L::di, 1);
-  TexelIndices at;
-  hn::Store(x0, L::di, at.left);
-  hn::Store(y0, L::di, at.upper);
-  hn::Store(hn::Min(x0 + one, hn::Set(L::di, pattern.width - 1)), L::di, at.right);
-  hn::Store(hn::Min(y0 + one, hn::Set(L::di, pattern.height - 1)), L::di, at.lower);
-  const TexelLanes t = texels.read(at);
-  return {bilinear(t.upperLeft.r, t.upperRight.r, t.lowerLeft.r, t.lowerRight.r, fx, fy),
-          bilinear(t.upperLeft.g, t.upperRight.g, t.lowerLeft.g, t.lowerRight.g, fx, fy),
-          bilinear(t.upperLeft.b, t.upperRight.b, t.lowerLeft.b, t.lowerRight.b, fx, fy), t.upperLeft.a};
-}
+// Byte pictures of four bytes a pixel, at least two pixels wide: a pair is one load.
+class BytePairs {
+ public:
+  explicit BytePairs(const PatternPixels& pattern) : bytes_(static_cast<const uint8_t*>(pattern.data)) {}
+
+  void fetch(const RunPlaces& at, size_t count) {
+    for (size_t i = 0; i < count; ++i) {
+      std::memcpy(upper_ + 2 * i, bytes_ + ptrdiff_t{4} * at.upper[i], 2 * sizeof(int32_t));
+      std::memcpy(lower_ + 2 * i, bytes_ + ptrdiff_t{4} * at.lower[i], 2 * sizeof(int32_t));
+    }
+  }
+
+  HWY_INLINE PixelLanes pixels(const RunPlaces& at, size_t i) const {
+    L::I upperLeft, upperRight, lowerLeft, lowerRight;
+    hn::LoadInterleaved2(L::di, upper_ + 2 * i, upperLeft, upperRight);
+    hn::LoadInterleaved2(L::di, lower_ + 2 * i, lowerLeft, lowerRight);
+    const auto atEnd = hn::Load(L::di, at.atEnd + i) > L::i(0);
+    upperLeft = L::select(atEnd, upperRight, upperLeft);
+    lowerLeft = L::select(atEnd, lowerRight, lowerLeft);
+    const L::F fx = hn::Load(L::df, at.fx + i), fy = hn::Load(L::df, at.fy + i);
+    const PixelLanes a = fromBytes(upperLeft), b = fromBytes(upperRight), c = fromBytes(lowerLeft),
+                     d = fromBytes(lowerRight);
+    return {bilinear(a.r, b.r, c.r, d.r, fx, fy), bilinear(a.g, b.g, c.g, d.g, fx, fy),
+            bilinear(a.b, b.b, c.b, d.b, fx, fy), a.a};
+  }
+
+ protected:
+  const uint8_t* bytes_;
+  HWY_ALIGN int32_t upper_[2 * kLength], lower_[2 * kLength];
+};
+
+// All other byte pictures; alpha is 1 unless there are four bytes a pixel.
+class ByteTexels : public BytePairs {
+ public:
+  explicit ByteTexels(const PatternPixels& pattern)
+      : BytePairs(pattern), lastWord_(pattern.size - sizeof(uint32_t)), stride_(pattern.bytesPerPixel) {}
+
+  void fetch(const RunPlaces& at, size_t count) {
+    for (size_t i = 0; i < count; ++i) {
+      upper_[2 * i] = texel(at.upper[i] + at.atEnd[i]);
+      upper_[2 * i + 1] = texel(at.upper[i] + 1);
+      lower_[2 * i] = texel(at.lower[i] + at.atEnd[i]);
+      lower_[2 * i + 1] = texel(at.lower[i] + 1);
+    }
+  }
+
+  HWY_INLINE PixelLanes pixels(const RunPlaces& at, size_t i) const {
+    PixelLanes out = BytePairs::pixels(at, i);
+    if (stride_ != 4) out.a = L::f(1);
+    return out;
+  }
+
+ private:
+  HWY_INLINE int32_t texel(int32_t index) const {
+    const size_t offset = static_cast<size_t>(index) * static_cast<size_t>(stride_);
+    const size_t word = std::min(offset, lastWord_);
+    uint32_t value;
+    std::memcpy(&value, bytes_ + word, sizeof value);
+    return static_cast<int32_t>(value >> (8 * (offset - word)));
+  }
+
+  size_t lastWord_;
+  int32_t stride_;
+};
+
+// Float pictures: the channels of a pixel are the lanes of a vector.
+class FloatTexels {
+ public:
+  explicit FloatTexels(const PatternPixels& pattern) : floats_(static_cast<const float*>(pattern.data)) {}
+
+  void fetch(const RunPlaces& at, size_t count) {
+    const hn::FixedTag<float, 4> pixel;
+    for (size_t i = 0; i < count; ++i) {
+      const auto texel = [&](int32_t index) { return hn::LoadU(pixel, floats_ + ptrdiff_t{4} * index); };
+      const auto upperLeft = texel(at.upper[i] + at.atEnd[i]), upperRight = texel(at.upper[i] + 1);
+      const auto lowerLeft = texel(at.lower[i] + at.atEnd[i]), lowerRight = texel(at.lower[i] + 1);
+      const auto fx = hn::Set(pixel, at.fx[i]), fy = hn::Set(pixel, at.fy[i]);
+      const auto top = upperLeft + (upperRight - upperLeft) * fx;
+      const auto bottom = lowerLeft + (lowerRight - lowerLeft) * fx;
+      hn::Store(top + (bottom - top) * fy, pixel, mixed_ + 4 * i);
+      mixed_[4 * i + 3] = floats_[ptrdiff_t{4} * (at.upper[i] + at.atEnd[i]) + 3];
+    }
+  }
+
+  HWY_INLINE PixelLanes pixels(const RunPlaces&, size_t i) const { return loadFloats(mixed_ + 4 * i); }
+
+ private:
+  const float* floats_;
+  HWY_ALIGN float mixed_[4 * kLength];
+};
 
 // The tint replaces a colour by its own scaled with the colour's brightness.
 HWY_INLINE L::F tintChannel(L::F channel, L::D tint, L::D brightness, L::D rest) {
   return L::narrow(tint * brightness + rest * L::widen(channel));
 }
 
-HWY_INLINE PixelLanes adjust(const PixelLanes& in, const SampleTransform& t) {
-  PixelLanes out = in;
-  if (t.invertOn) {
-    out.r = L::f(1) - out.r;
-    out.g = L::f(1) - out.g;
-    out.b = L::f(1) - out.b;
-  }
-  const L::D brightness = L::widen(luma(out.r, out.g, out.b)), rest = L::d(1.0 - t.tintAmount);
-  out.r = tintChannel(out.r, L::d(t.tintAmount * static_cast<double>(t.tintR)), brightness, rest);
-  out.g = tintChannel(out.g, L::d(t.tintAmount * static_cast<double>(t.tintG)), brightness, rest);
-  out.b = tintChannel(out.b, L::d(t.tintAmount * static_cast<double>(t.tintB)), brightness, rest);
-  return out;
+HWY_INLINE PixelLanes invert(const PixelLanes& in) { return {L::f(1) - in.r, L::f(1) - in.g, L::f(1) - in.b, in.a}; }
+
+HWY_INLINE PixelLanes tint(const PixelLanes& in, const SampleTransform& t) {
+  const L::D brightness = L::widen(luma(in.r, in.g, in.b)), rest = L::d(1.0 - t.tintAmount);
+  return {tintChannel(in.r, L::d(t.tintAmount * static_cast<double>(t.tintR)), brightness, rest),
+          tintChannel(in.g, L::d(t.tintAmount * static_cast<double>(t.tintG)), brightness, rest),
+          tintChannel(in.b, L::d(t.tintAmount * static_cast<double>(t.tintB)), brightness, rest), in.a};
 }
 
-// Where in the pattern, not yet folded, the frame's pixels at column x and row y lie.
-HWY_INLINE Place locate(const PatternPixels& pattern, const SampleTransform& t, L::D x, double y) {
-  L::D px = x + L::d(t.originX), py = L::d(y + t.originY);
-  if (t.lockOn) {
-    const L::D dx = px - L::d(t.lockX), dy = py - L::d(t.lockY);
-    const L::D c = L::d(t.lockCos), s = L::d(t.lockSin);
-    px = (c * dx - s * dy) * L::d(t.lockInvScaleX) + L::d(t.lockAnchorX);
-    py = (s * dx + c * dy) * L::d(t.lockInvScaleY) + L::d(t.lockAnchorY);
-  }
-  const L::D u = px - L::d(t.offsetX), v = py - L::d(t.offsetY);
-  const L::D c = L::d(t.cosine), s = L::d(t.sine), k = L::d(t.scaleFactor);
-  const L::D placeX = (c * u - s * v) * k + L::d(pattern.width / 2);
-  const L::D placeY = (s * u + c * v) * k + L::d(pattern.height / 2);
-  return {placeX / L::d(t.downsampleX), placeY / L::d(t.downsampleY)};
+// A tint of nothing leaves finite colours as they are, and those of bytes are finite.
+template <class Texels>
+bool tints(const SampleTransform& t) {
+  return t.tintAmount != 0 || std::is_same_v<Texels, FloatTexels>;
 }
 
-template <TileMode kMode, class Texels>
-HWY_INLINE PixelLanes samplePixels(const Texels& texels, const PatternPixels& pattern, const SampleTransform& t, L::D x,
-                                   double y) {
-  Place place = locate(pattern, t, x, y);
-  if constexpr (kMode != TileMode::Single) {
-    place.x = fold<kMode>(place.x, pattern.width);
-    place.y = fold<kMode>(place.y, pattern.height);
-    return adjust(readPattern(texels, pattern, place), t);
+template <bool kTints, class Texels>
+void colourRun(const Texels& texels, const SampleTransform& t, const RunPlaces& at, size_t count, PixelRun& out) {
+  const bool inverts = t.invertOn, single = t.tileMode == TileMode::Single;
+  for (size_t i = 0; i < count; i += L::kCount) {
+    PixelLanes pixels = texels.pixels(at, i);
+    if (inverts) pixels = invert(pixels);
+    if (kTints) pixels = tint(pixels, t);
+    if (single) {
+      const auto outside = hn::RebindMask(L::df, hn::Load(L::di, at.outside + i) > L::i(0));
+      pixels = {hn::IfThenZeroElse(outside, pixels.r), hn::IfThenZeroElse(outside, pixels.g),
+                hn::IfThenZeroElse(outside, pixels.b), L::select(outside, L::f(1), pixels.a)};
+    }
+    storeRun(pixels, out, i);
+  }
+}
+
+template <TileMode kMode>
+void findPlacesIn(const PatternPixels& pattern, const RowPlaces& row, double first, size_t count, RunPlaces& out) {
+  if (row.near(first, count)) {
+    findPlaces<kMode, true, true>(pattern, row, first, count, out);
+  } else if (row.plain()) {
+    findPlaces<kMode, true, false>(pattern, row, first, count, out);
   } else {
-    const auto insideX = hn::And(place.x >= L::d(0), place.x < L::d(pattern.width));
-    const auto insideY = hn::And(place.y >= L::d(0), place.y < L::d(pattern.height));
-    const auto inside = hn::And(insideX, insideY);
-    place.x = hn::IfThenElseZero(inside, place.x);
-    place.y = hn::IfThenElseZero(inside, place.y);
-    const PixelLanes found = adjust(readPattern(texels, pattern, place), t);
-    const auto narrowInside = hn::RebindMask(L::df, L::narrow(hn::IfThenElseZero(inside, L::d(1))) > L::f(0));
-    return {hn::IfThenElseZero(narrowInside, found.r), hn::IfThenElseZero(narrowInside, found.g),
-            hn::IfThenElseZero(narrowInside, found.b), L::select(narrowInside, found.a, L::f(1))};
-  }
-}
-
-template <TileMode kMode, class Texels>
-void sampleRowAs(const PatternPixels& pattern, const SampleTransform& t, int32_t y, size_t count, float* out) {
-  const Texels texels(pattern);
-  const L::D steps = hn::Iota(L::dd, 0.0);
-  HWY_ALIGN float last[4 * kN];
-  for (size_t x = 0; x < count; x += kN) {
-    const bool whole = count - x >= kN;
-    const PixelLanes pixels = samplePixels<kMode>(texels, pattern, t, steps + L::d(static_cast<double>(x)), y);
-    storeFloats(pixels, whole ? out + 4 * x : last);
-    if (!whole) std::copy_n(last, 4 * (count - x), out + 4 * x);
+    findPlaces<kMode, false, false>(pattern, row, first, count, out);
   }
 }
 
 template <class Texels>
-void sampleRowFrom(const PatternPixels& pattern, const SampleTransform& t, int32_t y, size_t count, float* out) {
+void sampleRunFrom(const PatternPixels& pattern, const SampleTransform& t, int32_t x, int32_t y, size_t count,
+                   PixelRun& out) {
+  const size_t whole = (count + L::kCount - 1) / L::kCount * L::kCount;
+  const RowPlaces row(pattern, t, y);
+  RunPlaces places;
   switch (t.tileMode) {
     case TileMode::Single:
-      return sampleRowAs<TileMode::Single, Texels>(pattern, t, y, count, out);
+      findPlacesIn<TileMode::Single>(pattern, row, x, whole, places);
+      break;
     case TileMode::Tiled:
-      return sampleRowAs<TileMode::Tiled, Texels>(pattern, t, y, count, out);
+      findPlacesIn<TileMode::Tiled>(pattern, row, x, whole, places);
+      break;
     case TileMode::Mirrored:
-      return sampleRowAs<TileMode::Mirrored, Texels>(pattern, t, y, count, out);
+      findPlacesIn<TileMode::Mirrored>(pattern, row, x, whole, places);
+      break;
+  }
+  Texels texels(pattern);
+  texels.fetch(places, whole);
+  if (tints<Texels>(t)) {
+    colourRun<true>(texels, t, places, whole, out);
+  } else {
+    colourRun<false>(texels, t, places, whole, out);
   }
 }
 
-void sampleRowKernel(const PatternPixels& pattern, const SampleTransform& transform, int32_t y, size_t count,
-                     float* out) {
+void sampleRunKernel(const PatternPixels& pattern, const SampleTransform& transform, int32_t x, int32_t y, size_t count,
+                     PixelRun& out) {
   if (pattern.type == ChannelType::Float) {
-    sampleRowFrom<FloatTexels>(pattern, transform, y, count, out);
+    sampleRunFrom<FloatTexels>(pattern, transform, x, y, count, out);
+  } else if (pattern.bytesPerPixel == 4 && pattern.width >= 2) {
+    sampleRunFrom<BytePairs>(pattern, transform, x, y, count, out);
   } else {
-    sampleRowFrom<ByteTexels>(pattern, transform, y, count, out);
+    sampleRunFrom<ByteTexels>(pattern, transform, x, y, count, out);
   }
 }
 
 template <TileMode kMode>
 void foldRowAs(int32_t size, size_t count, double* coordinates) {
+  const Fold<kMode, false> fold(size);
   size_t i = 0;
-  for (; i + kN <= count; i += kN) {
-    hn::StoreU(fold<kMode>(hn::LoadU(L::dd, coordinates + i), size), L::dd, coordinates + i);
+  for (; i + kPlaces <= count; i += kPlaces) {
+    hn::StoreU(fold(hn::LoadU(L::dd, coordinates + i)), L::dd, coordinates + i);
   }
   if (const size_t left = count - i; left > 0) {
-    double last[kN] = {};
+    double last[kPlaces] = {};
     std::copy_n(coordinates + i, left, last);
-    hn::StoreU(fold<kMode>(hn::LoadU(L::dd, last), size), L::dd, last);
+    hn::StoreU(fold(hn::LoadU(L::dd, last)), L::dd, last);
     std::copy_n(last, left, coordinates + i);
   }
 }
@@ -270,12 +272,13 @@ HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
 namespace quiltor {
-HWY_EXPORT(sampleRowKernel);
+HWY_EXPORT(sampleRunKernel);
 HWY_EXPORT(foldRowKernel);
 
 bool PatternPixels::usable() const {
   if (!data || width < 1 || height < 1 || bytesPerPixel < 1) return false;
   const auto pixels = checkedProduct({width, height});
+  if (!pixels || *pixels > INT32_MAX) return false;
   if (type == ChannelType::Float) {
     const auto needed = checkedProduct({width, height, 4 * sizeof(float)});
     return needed && static_cast<uint64_t>(*needed) <= size;
@@ -284,7 +287,8 @@ bool PatternPixels::usable() const {
   return toLastPixel && static_cast<uint64_t>(*toLastPixel) + static_cast<uint64_t>(std::max(3, bytesPerPixel)) <= size;
 }
 
-void sampleRow(const PatternPixels& pattern, const SampleTransform& transform, int32_t y, size_t count, float* out) {
+void sampleRun(const PatternPixels& pattern, const SampleTransform& transform, int32_t x, int32_t y, size_t count,
+               PixelRun& out) {
   // Texels are read as words of four bytes, which a picture of one opaque pixel does not have.
   if (pattern.type == ChannelType::Byte && pattern.size < sizeof(uint32_t)) {
     uint8_t padded[sizeof(uint32_t)] = {};
@@ -292,9 +296,9 @@ void sampleRow(const PatternPixels& pattern, const SampleTransform& transform, i
     PatternPixels wide = pattern;
     wide.data = padded;
     wide.size = sizeof padded;
-    return HWY_DYNAMIC_DISPATCH(sampleRowKernel)(wide, transform, y, count, out);
+    return HWY_DYNAMIC_DISPATCH(sampleRunKernel)(wide, transform, x, y, count, out);
   }
-  HWY_DYNAMIC_DISPATCH(sampleRowKernel)(pattern, transform, y, count, out);
+  HWY_DYNAMIC_DISPATCH(sampleRunKernel)(pattern, transform, x, y, count, out);
 }
 
 void foldRow(TileMode mode, int32_t size, size_t count, double* coordinates) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "render/kernels/composite.h"
+#include "render/kernels/pixel_run.h"
 #include "render/kernels/tile_mode.h"
 
 namespace quiltor {
@@ -19,7 +20,8 @@ struct PatternPixels {
   int32_t bytesPerPixel = 4;
   ChannelType type = ChannelType::Byte;
 
-  // A picture that can be sampled: at least one pixel, and every pixel's colour inside the array.
+  // A picture that can be sampled: at least one pixel, no more than 32 bits count, and every pixel's colour inside the
+  // array.
   bool usable() const;
 };
 
@@ -42,10 +44,11 @@ struct SampleTransform {
   double tintAmount = 0;
 };
 
-// Samples one row: count pixels of four floats, the first at frame column 0 and row y. Colour is bilinear, towards the
+// Samples count pixels of the frame, at most a run's length, from column x of row y. Colour is bilinear, towards the
 // last row and column without wrapping; alpha is that of the texel above and to the left. Deliberate: outside a single
 // tile the pattern is opaque black. A place that is not finite reads texel (0, 0), or counts as outside a single tile.
-void sampleRow(const PatternPixels& pattern, const SampleTransform& transform, int32_t y, size_t count, float* out);
+void sampleRun(const PatternPixels& pattern, const SampleTransform& transform, int32_t x, int32_t y, size_t count,
+               PixelRun& out);
 
 // The fold of the sampling alone, for coordinates in a row: what foldTiled and foldMirrored give.
 void foldRow(TileMode mode, int32_t size, size_t count, double* coordinates);

@@ -81,7 +81,7 @@ TEST_P(TileFold, OfAWholeRowIsThatOfEachPlace) {
     foldRow(mode, size, row.size(), row.data());
     for (size_t i = 0; i < row.size(); ++i) {
       const double alone = mode == TileMode::Tiled ? foldTiled(places[i], size) : foldMirrored(places[i], size);
-      EXPECT_EQ(bits(row[i]), bits(alone)) << "x " << places[i];
+      EXPECT_EQ(row[i], alone) << "x " << places[i];  // a zero may lose its sign: it is the same place
     }
   }
 }

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+
+namespace quiltor {
+
+// Pixels that follow one another in a row, channel by channel, 32-bit float. The kernels hand rows on in such pieces,
+// which stay in the core's nearest cache. They compute whole vectors: what lies behind a shorter run's end is not
+// defined.
+struct PixelRun {
+  static constexpr size_t kLength = 256;  // a multiple of every vector's
+
+  alignas(64) float r[kLength];
+  alignas(64) float g[kLength];
+  alignas(64) float b[kLength];
+  alignas(64) float a[kLength];
+};
+
+// To and from four floats a pixel, R, G, B, A.
+void packRun(const PixelRun& run, size_t count, float* pixels);
+void unpackRun(const float* pixels, size_t count, PixelRun& run);
+
+}  // namespace quiltor
