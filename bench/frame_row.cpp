@@ -1,6 +1,7 @@
 // A row of a comparison with other programs. Reads one request a line and answers each with a line:
 //   setup JOB WIDTH HEIGHT FORMAT THREADS   ok NOTE, or: na REASON
 //   frame                                   ms MILLISECONDS
+//   processor                               ms MILLISECONDS of all cores for the last frame
 //   dump PATH                               ok: the last frame, straight R, G, B, A, 8 bits a channel
 //   quit
 // The pictures are raw R, G, B, A, 8 bits a channel, in the folder that PEERS_DATA names: pattern.rgba of 256 x 256
@@ -61,7 +62,9 @@ class Row {
     std::string verb;
     words >> verb;
     if (verb == "setup") return setUp(words);
-    if (verb == "frame") return "ms " + std::to_string(runner_.frame());
+    if (verb == "frame") last_ = runner_.frame();
+    if (verb == "frame") return "ms " + std::to_string(last_.elapsed);
+    if (verb == "processor") return "ms " + std::to_string(last_.processor);
     if (verb == "dump") return dump(words);
     return "na unknown request";
   }
@@ -100,6 +103,7 @@ class Row {
     return file ? "ok" : "na cannot write";
   }
 
+  FrameRunner::Milliseconds last_;
   FrameRunner runner_{QUILTOR_MODULE_PATH};
   World input_{WorldFormat::Argb8, 0, 0}, pattern_{WorldFormat::Argb8, 0, 0};
 };

@@ -69,13 +69,13 @@ void FrameRunner::setUp(const FrameJob& job, const World& input, const World& pa
   instance_->setNumber(kBlur, job.blur);
 }
 
-double FrameRunner::frame() {
+FrameRunner::Milliseconds FrameRunner::frame() {
   standalone::Frame frame;
   frame.input = input_;
   standalone::RenderResult result = instance_->renderSmart(frame);
   if (result.code != PF_Err_NONE || !result.output) throw std::runtime_error("the frame could not be rendered");
   picture_ = std::move(result.output);
-  return 1e3 * result.seconds;
+  return {1e3 * result.seconds, 1e3 * result.processorSeconds};
 }
 
 }  // namespace quiltor::bench

@@ -36,8 +36,13 @@ class FrameRunner {
 
   // The worlds must outlive the frames; the pattern has the input's format. threads are the host's for its iterations.
   void setUp(const FrameJob& job, const standalone::World& input, const standalone::World& pattern, int threads);
-  // Draws a frame and returns the milliseconds that the effect's calls took. Throws std::runtime_error on an error.
-  double frame();
+  // What the effect's calls for a frame took.
+  struct Milliseconds {
+    double elapsed = 0;
+    double processor = 0;  // of all cores together
+  };
+  // Draws a frame. Throws std::runtime_error on an error.
+  Milliseconds frame();
   // The last frame.
   const standalone::World& picture() const { return *picture_; }
   standalone::Effect& effect() { return effect_; }

@@ -22,7 +22,8 @@ struct CallResult {
   PF_Err code = PF_Err_NONE;
   PF_InData in{};
   PF_OutData out{};
-  double seconds = 0;  // from the call to its return
+  double seconds = 0;           // from the call to its return
+  double processorSeconds = 0;  // of all cores together
 
   [[nodiscard]] std::string message() const;  // out.return_msg; 255 characters at most
   [[nodiscard]] bool succeeded() const { return code == PF_Err_NONE; }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <ctime>
 #include <utility>
 
 #include "standalone/host/interaction.h"
@@ -63,6 +64,7 @@ CallResult CallContext::perform(EntryPoint entryPoint, const Call& call) {
   const EnterCall enter(this);
   host.begin(*this);
   const auto start = std::chrono::steady_clock::now();
+  const std::clock_t processorStart = std::clock();
   try {
     result.code = entryPoint(call.selector, &result.in, &result.out, call.params, call.output, call.extra);
   } catch (...) {
@@ -70,6 +72,7 @@ CallResult CallContext::perform(EntryPoint entryPoint, const Call& call) {
     throw;
   }
   result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  result.processorSeconds = static_cast<double>(std::clock() - processorStart) / CLOCKS_PER_SEC;
   host.trace("done " + selector() + " with " + std::to_string(result.code));
   checkEnd();
   host.end(*this);

@@ -26,7 +26,9 @@ struct RenderResult {
   std::optional<World> output;
   PF_LRect resultRect{};     // smart render only
   PF_LRect maxResultRect{};  // smart render only
-  double seconds = 0;        // inside the effect, over all calls that make up the frame
+  // Inside the effect, over all calls that make up the frame.
+  double seconds = 0;
+  double processorSeconds = 0;  // of all cores together
 };
 
 }  // namespace quiltor::standalone

@@ -14,6 +14,7 @@ bool note(RenderResult& frame, const CallResult& call) {
   if (frame.code == PF_Err_NONE) frame.code = call.code;
   if (frame.message.empty()) frame.message = call.message();
   frame.seconds += call.seconds;
+  frame.processorSeconds += call.processorSeconds;
   return call.succeeded();
 }
 
