@@ -12,6 +12,7 @@
 namespace quiltor::render_tests {
 namespace {
 
+using standalone::HostCall;
 using standalone::Instance;
 using standalone::Mask;
 using standalone::RenderResult;
@@ -186,6 +187,45 @@ TEST_F(VideoEditorRender, EndsWithTheHostsAnswerWhereverItIsInterrupted) {
   }
   // By the handler, twice by the driver, and by every row of two layers and the output.
   EXPECT_EQ(interrupted, 3 + 2 + 1 + 2);
+}
+
+TEST_F(VideoEditorRender, LeavesNothingBehindAndIsRightAgainAfterAnyCallThatTheHostRefuses) {
+  host.options().iterateThreads = 1;
+  World layer(WorldFormat::ArgbFloat, 5, 4);
+  for (int y = 0; y < 4; ++y)
+    for (int x = 0; x < 5; ++x) layer.set(x, y, {x / 5.0, y / 4.0, 0.5, 1});
+  const RenderCase frame = blueFirst(overlaid(layer, layer));
+  Instance instance(effect);
+  ASSERT_TRUE(instance.setUp().succeeded());
+  setParameters(instance, frame);
+  const auto picture = renderOf(instance, frame).output.value().packed();
+  const auto untouched = World(frame.input.format(), 5, 4).packed();
+  const size_t handles = host.liveHandleCount();
+
+  int refused = 0;
+  for (int kind = 0; kind < static_cast<int>(HostCall::Count_); ++kind) {
+    const auto call = static_cast<HostCall>(kind);
+    for (size_t k = 0;; ++k) {
+      SCOPED_TRACE("call " + std::to_string(k) + " of kind " + std::to_string(kind));
+      host.faults().failAt(call, k);
+      const RenderResult result = renderOf(instance, frame);
+      const bool struck = host.faults().struck();
+      host.faults().failNever();
+      ASSERT_EQ(host.findings().text(), "");
+      ASSERT_EQ(host.suiteBalance(), 0);
+      ASSERT_EQ(host.liveHandleCount(), handles);
+      if (!struck) break;
+      ++refused;
+      if (result.code == PF_Err_NONE) {
+        // Without its data or its pixel formats nothing is drawn; the other suites are not there anyway.
+        const bool mayBeUntouched = call == HostCall::LockHandle || call == HostCall::AcquireSuite;
+        const auto pixels = result.output.value().packed();
+        EXPECT_TRUE(pixels == picture || (mayBeUntouched && pixels == untouched));
+      }
+      ASSERT_EQ(renderOf(instance, frame).output.value().packed(), picture);
+    }
+  }
+  EXPECT_GT(refused, 30);
 }
 
 }  // namespace
