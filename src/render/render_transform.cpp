@@ -1,10 +1,10 @@
 #include "render/render_transform.h"
 
-#include <cmath>
 #include <numbers>
 
 #include "description/language/param_index.h"
 #include "render/kernels/blend_modes.h"
+#include "render/trigonometry.h"
 
 namespace quiltor {
 namespace {
@@ -60,10 +60,10 @@ void RenderTransform::setParameters(const RenderBlock& block) {
   tintAmount = static_cast<double>(scalar(Param::tintopacity)) * 0.01;
   blurRadius = static_cast<double>(scalar(Param::blur));
 
-  cosAngle = std::cos(angle);
-  sinAngle = std::sin(angle);
-  cosLayer = std::cos(-layerAngle);
-  sinLayer = std::sin(-layerAngle);
+  cosAngle = exactCosine(angle);
+  sinAngle = exactSine(angle);
+  cosLayer = exactCosine(-layerAngle);
+  sinLayer = exactSine(-layerAngle);
 }
 
 SampleTransform RenderTransform::sampling(const RenderBlock& block) const {
