@@ -1,6 +1,5 @@
 // A module as a host would load it, with nothing in it but the conversion.
+#include "hostapi/export.h"
 #include "library/library_conversion.h"
 
-extern "C" __attribute__((visibility("default"))) void startConversionOfTheModule() {
-  quiltor::startLibraryConversion();
-}
+QUILTOR_EXPORT void startConversionOfTheModule() { quiltor::startLibraryConversion(); }

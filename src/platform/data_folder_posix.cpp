@@ -31,6 +31,8 @@ bool isWritableFolder(const std::string& path) {
 }  // namespace
 
 std::string userDataFolder() {
+  const std::string chosen = folderFromVariable("QUILTOR_USER_DIR");
+  if (!chosen.empty()) return chosen;
   const std::string folder = folderFromVariable("XDG_CONFIG_HOME");
   return folder.empty() ? folderInHome("/.config") : folder;
 }

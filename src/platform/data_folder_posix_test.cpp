@@ -13,7 +13,7 @@
 namespace quiltor {
 namespace {
 
-// The four variables that the data folders depend on.
+// The variables that the data folders depend on.
 class DataFolder : public testing::Test {
  protected:
   ScratchFolder scratch_;
@@ -21,6 +21,7 @@ class DataFolder : public testing::Test {
   EnvironmentOverride config_{"XDG_CONFIG_HOME", std::nullopt};
   EnvironmentOverride data_{"XDG_DATA_HOME", std::nullopt};
   EnvironmentOverride allUsers_{"QUILTOR_ALLUSERS_DIR", std::nullopt};
+  EnvironmentOverride user_{"QUILTOR_USER_DIR", std::nullopt};
 };
 
 TEST_F(DataFolder, OfTheUserIsTheConfigurationFolder) {

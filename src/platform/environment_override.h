@@ -21,11 +21,16 @@ class EnvironmentOverride {
 
  private:
   void set(const std::optional<std::string>& value) {
+#ifdef _WIN32
+    // An empty value takes the variable away.
+    _putenv_s(name_.c_str(), value.value_or("").c_str());
+#else
     if (value) {
       setenv(name_.c_str(), value->c_str(), 1);
     } else {
       unsetenv(name_.c_str());
     }
+#endif
   }
 
   std::string name_;

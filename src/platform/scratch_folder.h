@@ -23,7 +23,7 @@ class ScratchFolder {
   ScratchFolder(const ScratchFolder&) = delete;
   ScratchFolder& operator=(const ScratchFolder&) = delete;
 
-  std::string path() const { return path_.string(); }
+  std::string path() const { return path_.generic_string(); }
   // The path of a file or folder in here, made or not.
   std::string path(const std::string& name) const { return path() + "/" + name; }
 

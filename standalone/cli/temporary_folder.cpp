@@ -1,6 +1,6 @@
 #include "standalone/cli/temporary_folder.h"
 
-#include <cstdlib>
+#include <random>
 #include <string>
 #include <system_error>
 
@@ -9,9 +9,15 @@
 namespace quiltor::standalone {
 
 TemporaryFolder::TemporaryFolder() {
-  std::string name = (std::filesystem::temp_directory_path() / "quiltor-XXXXXX").string();
-  if (!mkdtemp(name.data())) throw CommandFailure("no temporary folder can be made: " + name);
-  path_ = name;
+  std::random_device random;
+  path_ =
+      std::filesystem::temp_directory_path() / ("quiltor-" + std::to_string(random()) + "-" + std::to_string(random()));
+  std::error_code error;
+  // False also when somebody has such a folder already.
+  if (!std::filesystem::create_directory(path_, error)) {
+    throw CommandFailure("no temporary folder can be made: " + path_.string());
+  }
+  std::filesystem::permissions(path_, std::filesystem::perms::owner_all, error);
 }
 
 TemporaryFolder::~TemporaryFolder() {

@@ -1,13 +1,18 @@
 #include "standalone/host/effect_module.h"
 
-#include <dlfcn.h>
-
 #include <system_error>
+
+#include "standalone/host/shared_library.h"
 
 namespace quiltor::standalone {
 namespace {
 
 constexpr const char* kEntryPointName = "EntryPointFunc";
+#ifdef _WIN32
+constexpr const char* kDefaultModule = "Quiltor.aex";
+#else
+constexpr const char* kDefaultModule = "Quiltor.so";
+#endif
 
 }  // namespace
 
@@ -16,21 +21,17 @@ EffectModule::EffectModule(const std::filesystem::path& path) : path_(path) {
   if (!std::filesystem::is_regular_file(path, error)) {
     throw ModuleError("cannot load " + path.string() + ": no such file, expected an effect module");
   }
-  // Without a slash the loader would search its own folders.
-  void* library = dlopen(std::filesystem::absolute(path).c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (!library) throw ModuleError("cannot load " + path.string() + ", expected an effect module: " + dlerror());
-  void* symbol = dlsym(library, kEntryPointName);
+  std::string problem;
+  void* library = loadLibrary(path, problem);
+  if (!library) throw ModuleError("cannot load " + path.string() + ", expected an effect module: " + problem);
+  void* symbol = exportedAddress(library, kEntryPointName);
   if (!symbol) {
-    dlclose(library);
+    unloadLibrary(library);
     throw ModuleError("cannot use " + path.string() + ": it is a shared library but exports no " + kEntryPointName);
   }
   entryPoint_ = reinterpret_cast<EntryPoint>(symbol);
 }
 
-std::filesystem::path defaultModulePath() {
-  std::error_code error;
-  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-  return (error ? std::filesystem::path() : program.parent_path()) / "Quiltor.so";
-}
+std::filesystem::path defaultModulePath() { return programPath().parent_path() / kDefaultModule; }
 
 }  // namespace quiltor::standalone

@@ -1,13 +1,12 @@
 #include "standalone/host/picture_file.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -69,7 +68,7 @@ DecodedPicture picture8or16(const World& world) {
 class PendingFile {
  public:
   explicit PendingFile(const std::filesystem::path& target) : target_(target), path_(target) {
-    path_ += ".part-" + std::to_string(getpid());
+    path_ += ".part-" + std::to_string(std::random_device()());
   }
   ~PendingFile() {
     std::error_code ignored;

@@ -76,7 +76,7 @@ TEST_F(LibraryFilesTest, ThatCannotBothBeWrittenStayAsTheyWere) {
 }
 
 TEST_F(LibraryFilesTest, StayWhereBothDataFoldersAreTheSame) {
-  const EnvironmentOverride same("XDG_CONFIG_HOME", data_.path("all"));
+  const EnvironmentOverride same("QUILTOR_USER_DIR", data_.path("all"));
   save(true);
   EXPECT_TRUE(fs::exists(data_.all("config.txt")));
   EXPECT_TRUE(fs::exists(data_.all("libpaths.txt")));

@@ -1,2 +1,4 @@
 // A shared library that is no effect.
-extern "C" __attribute__((visibility("default"))) int someFunction() { return 0; }
+#include "hostapi/export.h"
+
+QUILTOR_EXPORT int someFunction() { return 0; }

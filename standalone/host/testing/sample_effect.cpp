@@ -7,11 +7,10 @@
 #include <thread>
 
 #include "hostapi/custom_ui.h"
+#include "hostapi/export.h"
 #include "hostapi/smart_render.h"
 #include "hostapi/suites_aegp.h"
 #include "hostapi/suites_pf.h"
-
-#define QUILTOR_EXPORT extern "C" __attribute__((visibility("default")))
 
 namespace {
 

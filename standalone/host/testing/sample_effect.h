@@ -1,12 +1,11 @@
 #pragma once
 
-#include <dlfcn.h>
-
 #include <memory>
 #include <string>
 #include <string_view>
 
 #include "standalone/host/instance.h"
+#include "standalone/host/shared_library.h"
 
 namespace quiltor::standalone {
 
@@ -17,9 +16,10 @@ inline const EffectModule& sampleModule() {
 }
 
 inline void setMisdeed(const std::string& name) {
-  void* library = dlopen(sampleModule().path().c_str(), RTLD_NOW | RTLD_LOCAL);
-  reinterpret_cast<void (*)(const char*)>(dlsym(library, "setMisdeed"))(name.c_str());
-  dlclose(library);
+  std::string problem;
+  void* library = loadLibrary(sampleModule().path(), problem);
+  reinterpret_cast<void (*)(const char*)>(exportedAddress(library, "setMisdeed"))(name.c_str());
+  unloadLibrary(library);
 }
 
 // Every pixel different from its neighbours.

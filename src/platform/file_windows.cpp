@@ -1,0 +1,53 @@
+#include <io.h>
+#include <windows.h>
+
+#include <cerrno>
+
+#include "platform/file.h"
+#include "platform/wide_text_windows.h"
+
+namespace quiltor {
+namespace {
+
+bool isFolder(const std::wstring& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+}  // namespace
+
+std::FILE* openFile(const std::string& path, const char* mode) noexcept {
+  try {
+    const std::wstring wide = systemPath(path);
+    std::FILE* const file = _wfopen(wide.c_str(), wideText(mode).value_or(L"").c_str());
+    // The system says that a folder may not be opened, and not why.
+    if (!file && isFolder(wide)) errno = EISDIR;
+    return file;
+  } catch (...) {
+    errno = ENOMEM;
+    return nullptr;
+  }
+}
+
+int64_t fileSize(std::FILE* file) {
+  const int64_t size = _filelengthi64(_fileno(file));
+  return size < 0 ? 0 : size;
+}
+
+bool replaceFile(const std::string& from, const std::string& to) noexcept {
+  try {
+    return MoveFileExW(systemPath(from).c_str(), systemPath(to).c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+  } catch (...) {
+    return false;
+  }
+}
+
+void removeFile(const std::string& path) noexcept {
+  try {
+    DeleteFileW(systemPath(path).c_str());
+  } catch (...) {
+    // What cannot even be named stays.
+  }
+}
+
+}  // namespace quiltor

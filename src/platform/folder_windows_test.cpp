@@ -1,0 +1,122 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "platform/file.h"
+#include "platform/folder.h"
+#include "platform/scratch_folder.h"
+#include "platform/wide_text_windows.h"
+
+namespace quiltor {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::FieldsAre;
+
+void writeFile(const std::wstring& path) {
+  std::FILE* const file = _wfopen(path.c_str(), L"wb");
+  ASSERT_NE(file, nullptr);
+  std::fclose(file);
+}
+
+TEST(WindowsFolder, NamesComeAsUtf8WhateverTheCodePage) {
+  const ScratchFolder scratch;
+  const std::wstring folder = systemPath(scratch.path());
+  writeFile(folder + L"\\\u00EB.png");
+  writeFile(folder + L"\\\u7F8E.png");
+  writeFile(folder + L"\\\U0001F3A8.png");
+  EXPECT_EQ(createFolder(scratch.path("M\xC3\xBCster")), FolderCreation::Created);
+  const auto contents = readFolder(scratch.path());
+  ASSERT_TRUE(contents);
+  EXPECT_THAT(
+      contents->entries,
+      ElementsAre(FieldsAre("M\xC3\xBCster", EntryType::Folder), FieldsAre("\xC3\xAB.png", EntryType::File),
+                  FieldsAre("\xE7\xBE\x8E.png", EntryType::File), FieldsAre("\xF0\x9F\x8E\xA8.png", EntryType::File)));
+  for (const FolderEntry& entry : contents->entries) {
+    if (entry.type != EntryType::File) continue;
+    std::FILE* const file = openFile(scratch.path(entry.name), "rb");
+    EXPECT_NE(file, nullptr) << entry.name;
+    if (file) std::fclose(file);
+  }
+}
+
+TEST(WindowsFolder, ANameThatIsNoTextComesByItsShortNameOrAsAQuestionMark) {
+  const ScratchFolder scratch;
+  const std::wstring folder = systemPath(scratch.path());
+  const std::wstring half = std::wstring(1, wchar_t{0xD800}) + L"half of a pair.png";
+  writeFile(folder + L"\\" + half);
+  writeFile(folder + L"\\plain.png");
+  WIN32_FIND_DATAW found;
+  const HANDLE search = FindFirstFileW((folder + L"\\*half*").c_str(), &found);
+  ASSERT_NE(search, INVALID_HANDLE_VALUE);
+  FindClose(search);
+  const auto contents = readFolder(scratch.path());
+  ASSERT_EQ(contents->entries.size(), 2u);
+  const auto shortName = *found.cAlternateFileName ? utf8Text(found.cAlternateFileName) : std::nullopt;
+  const FolderEntry expected =
+      shortName ? FolderEntry{*shortName, EntryType::File} : FolderEntry{"?", EntryType::Other};
+  EXPECT_THAT(contents->entries, testing::UnorderedElementsAre(FieldsAre(expected.name, expected.type),
+                                                               FieldsAre("plain.png", EntryType::File)));
+}
+
+TEST(WindowsFolder, APathOfTwoThousandCharactersIsNotCut) {
+  const ScratchFolder scratch;
+  std::string path = scratch.path();
+  const std::string name(200, 'm');
+  for (int level = 0; level < 10; ++level) {
+    path += "/" + name;
+    ASSERT_EQ(createFolder(path), FolderCreation::Created) << level;
+  }
+  std::FILE* const file = openFile(path + "/deep.png", "wb");
+  ASSERT_NE(file, nullptr);
+  std::fclose(file);
+  EXPECT_TRUE(folderExists(path));
+  EXPECT_THAT(readFolder(path)->entries, ElementsAre(FieldsAre("deep.png", EntryType::File)));
+  removeFile(path + "/deep.png");
+  EXPECT_TRUE(readFolder(path)->entries.empty());
+}
+
+TEST(WindowsFolder, APathLongerThanTheSystemAllowsFailsInEveryCall) {
+  const ScratchFolder scratch;
+  std::string path = scratch.path();
+  while (path.size() < 40000) path += "/" + std::string(200, 'm');
+  EXPECT_EQ(openFile(path, "wb"), nullptr);
+  EXPECT_NE(createFolder(path), FolderCreation::Created);
+  EXPECT_FALSE(folderExists(path));
+  EXPECT_FALSE(readFolder(path));
+  EXPECT_FALSE(replaceFile(path, scratch.path("a")));
+  EXPECT_TRUE(readFolder(scratch.path())->entries.empty());
+}
+
+TEST(WindowsFolder, APathThatIsNotUtf8NamesNothing) {
+  const ScratchFolder scratch;
+  EXPECT_EQ(openFile(scratch.path("\xFF.png"), "wb"), nullptr);
+  EXPECT_FALSE(folderExists(scratch.path("\xFF")));
+  EXPECT_FALSE(readFolder("\xFF"));
+  EXPECT_TRUE(readFolder(scratch.path())->entries.empty());
+}
+
+TEST(WindowsFolder, TellsWhatStoodInTheWayOfANewOne) {
+  const ScratchFolder scratch;
+  std::ofstream(scratch.path("file")) << "x";
+  EXPECT_EQ(createFolder(scratch.path("new")), FolderCreation::Created);
+  EXPECT_EQ(createFolder(scratch.path("new")), FolderCreation::Exists);
+  EXPECT_EQ(createFolder(scratch.path("file")), FolderCreation::Exists);
+  EXPECT_EQ(createFolder(scratch.path("missing/new")), FolderCreation::NoParent);
+  EXPECT_EQ(createFolder(""), FolderCreation::NoParent);
+}
+
+TEST(WindowsFolder, IsKnownAgainInAnySpelling) {
+  const ScratchFolder scratch;
+  fs::create_directory(scratch.path("folder"));
+  EXPECT_EQ(readFolder(scratch.path())->identity, readFolder(scratch.path("folder/.."))->identity);
+  EXPECT_EQ(readFolder(scratch.path("folder"))->identity, readFolder(scratch.path("FOLDER"))->identity);
+  EXPECT_NE(readFolder(scratch.path())->identity, readFolder(scratch.path("folder"))->identity);
+}
+
+}  // namespace
+}  // namespace quiltor
