@@ -4,29 +4,51 @@ include(GoogleTest)
 
 option(QUILTOR_WERROR "Treat warnings as errors" OFF)
 
+if(WIN32)
+  set(QUILTOR_OTHER_SYSTEM posix)
+else()
+  set(QUILTOR_OTHER_SYSTEM windows)
+endif()
+
 add_library(quiltor_warnings INTERFACE)
-target_compile_options(quiltor_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+if(MSVC)
+  target_compile_options(quiltor_warnings INTERFACE /W4)
+else()
+  target_compile_options(quiltor_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+endif()
 if(QUILTOR_WERROR)
-  target_compile_options(quiltor_warnings INTERFACE -Werror)
+  target_compile_options(quiltor_warnings INTERFACE $<IF:$<BOOL:${MSVC}>,/WX,-Werror>)
 endif()
 
 # One result on every processor: a fused multiply-add rounds once where the formulas round twice.
 add_library(quiltor_language INTERFACE)
 target_compile_features(quiltor_language INTERFACE cxx_std_20)
-target_compile_options(quiltor_language INTERFACE -ffp-contract=off -fvisibility=hidden
-                       $<$<COMPILE_LANGUAGE:CXX>:-fvisibility-inlines-hidden>)
+if(MSVC)
+  target_compile_options(quiltor_language INTERFACE /fp:precise /utf-8 /EHsc)
+else()
+  target_compile_options(quiltor_language INTERFACE -ffp-contract=off)
+endif()
+if(WIN32)
+  target_compile_definitions(quiltor_language INTERFACE UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
+else()
+  target_compile_options(quiltor_language INTERFACE -fvisibility=hidden
+                         $<$<COMPILE_LANGUAGE:CXX>:-fvisibility-inlines-hidden>)
+endif()
 target_include_directories(quiltor_language INTERFACE "${PROJECT_SOURCE_DIR}" "${PROJECT_SOURCE_DIR}/src")
 
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
-# quiltor_module(render/kernels USES base formats LIBRARIES hwy::hwy SOURCES a.cpp TESTS a_test.cpp)
+# quiltor_module(render/kernels USES base formats LIBRARIES PNG::PNG SOURCES a.cpp TESTS a_test.cpp)
 #
 # Makes the static library quiltor_render_kernels (an interface library without SOURCES) and, with TESTS, the program
 # render_kernels_test, which links the module and nothing above it. TEST_LIBRARIES are linked to that program only.
+# Sources and tests whose names end in _posix, _posix_test and so on are for that system only.
 function(quiltor_module name)
   cmake_parse_arguments(arg "" "" "USES;LIBRARIES;SOURCES;TESTS;TEST_LIBRARIES" ${ARGN})
+  list(FILTER arg_SOURCES EXCLUDE REGEX "_${QUILTOR_OTHER_SYSTEM}[.]cpp$")
+  list(FILTER arg_TESTS EXCLUDE REGEX "_${QUILTOR_OTHER_SYSTEM}_test[.]cpp$")
   string(REPLACE "/" "_" target "${name}")
   set(library "quiltor_${target}")
   if(arg_SOURCES)
@@ -46,11 +68,23 @@ function(quiltor_module name)
     add_executable(${target}_test ${arg_TESTS})
     target_link_libraries(${target}_test PRIVATE ${library} quiltor_warnings ${arg_TEST_LIBRARIES} GTest::gmock
                                                  GTest::gtest_main)
-    gtest_discover_tests(${target}_test TEST_PREFIX "${name}: " DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+    # Another system's programs are run as wholes by windows/run_tests.sh.
+    if(CMAKE_CROSSCOMPILING)
+      set_property(GLOBAL APPEND PROPERTY QUILTOR_TEST_PROGRAMS "$<TARGET_FILE:${target}_test>")
+    else()
+      gtest_discover_tests(${target}_test TEST_PREFIX "${name}: " DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+    endif()
   endif()
   file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
   list(JOIN arg_USES " " uses)
   set_property(GLOBAL APPEND PROPERTY QUILTOR_LAYERS "${folder} ${name} ${uses}")
+endfunction()
+
+# Writes down the programs that windows/run_tests.sh runs.
+function(quiltor_list_test_programs)
+  get_property(programs GLOBAL PROPERTY QUILTOR_TEST_PROGRAMS)
+  list(JOIN programs "\n" text)
+  file(GENERATE OUTPUT "${PROJECT_BINARY_DIR}/test_programs.txt" CONTENT "${text}\n")
 endfunction()
 
 # Writes down the modules and their edges and adds the test that compares them with the sources.
