@@ -61,7 +61,7 @@ class DamagedPattern : public PatternFileTest {
     const auto begin = std::chrono::steady_clock::now();
     const AllocationMeter meter;
     {
-      const CapturedOutput nowhere("/dev/null");
+      const CapturedOutput nowhere(kNullDevice);
       result_ = loadPatternFile(path_, patterns_, &report_);
     }
     EXPECT_LT(meter.peak(), kAllowance + kMostBytesPerByte * std::ssize(bytes));

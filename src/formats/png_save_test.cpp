@@ -141,7 +141,9 @@ TEST_F(PngSave, ClosesTheFileAndPrintsNothing) {
   EXPECT_EQ(openFiles(), before);
 }
 
+#ifndef _WIN32  // the system has no device that is full
 TEST_F(PngSave, AFullDiskFails) { EXPECT_EQ(SavePngImage("/dev/full", {1, 1, 3, {1, 2, 3}}), -5); }
+#endif
 
 TEST_F(PngSave, WhatIsSavedLoadsAgainForAnySize) {
   constexpr unsigned kSeed = 20240607;

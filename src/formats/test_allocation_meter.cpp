@@ -9,15 +9,21 @@
 namespace quiltor {
 namespace {
 
+#ifdef _WIN32
+size_t usableSize(void* memory) { return _msize(memory); }
+#else
+size_t usableSize(void* memory) { return malloc_usable_size(memory); }
+#endif
+
 std::atomic<int64_t> allocated = 0;
 std::atomic<int64_t> mostAllocated = 0;
 
 void count(void* memory) {
-  const int64_t now = allocated += static_cast<int64_t>(malloc_usable_size(memory));
+  const int64_t now = allocated += static_cast<int64_t>(usableSize(memory));
   if (now > mostAllocated) mostAllocated = now;
 }
 
-void uncount(void* memory) { allocated -= static_cast<int64_t>(malloc_usable_size(memory)); }
+void uncount(void* memory) { allocated -= static_cast<int64_t>(usableSize(memory)); }
 
 }  // namespace
 

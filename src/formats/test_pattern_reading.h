@@ -1,8 +1,6 @@
 #pragma once
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <string>
@@ -10,6 +8,7 @@
 #include "formats/ps_pattern.h"
 #include "formats/test_pattern_file.h"
 #include "formats/test_pictures.h"
+#include "platform/redirected_output.h"
 #include "platform/scratch_folder.h"
 
 namespace quiltor {
@@ -17,19 +16,7 @@ namespace quiltor {
 // For tests: what is printed in its scope goes to a file.
 class CapturedOutput {
  public:
-  explicit CapturedOutput(const std::string& path) : path_(path) {
-    std::fflush(stdout);
-    const int file = open(path.c_str(), O_CREAT | O_TRUNC | O_WRONLY, 0600);
-    dup2(file, STDOUT_FILENO);
-    close(file);
-  }
-  ~CapturedOutput() {
-    std::fflush(stdout);
-    dup2(output_, STDOUT_FILENO);
-    close(output_);
-  }
-  CapturedOutput(const CapturedOutput&) = delete;
-  CapturedOutput& operator=(const CapturedOutput&) = delete;
+  explicit CapturedOutput(const std::string& path) : path_(path), redirected_(path) {}
 
   std::string text() const {
     std::fflush(stdout);
@@ -39,7 +26,7 @@ class CapturedOutput {
 
  private:
   std::string path_;
-  int output_ = dup(STDOUT_FILENO);
+  RedirectedOutput redirected_;
 };
 
 // For tests: writes pattern files and reads them.

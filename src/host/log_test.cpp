@@ -31,7 +31,7 @@ class Log : public testing::Test {
   }
 
   ScratchFolder scratch_;
-  EnvironmentOverride folder_{"XDG_CONFIG_HOME", scratch_.path()};
+  EnvironmentOverride folder_{"QUILTOR_USER_DIR", scratch_.path()};
 };
 
 TEST_F(Log, IsEmptyAfterAStart) {

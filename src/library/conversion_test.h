@@ -2,11 +2,15 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#ifndef _WIN32
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 #include <filesystem>
 #include <map>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -44,7 +48,7 @@ class ConversionTest : public testing::Test {
 
   void convert() { convert({library()}, {library()}); }
   void convert(const std::vector<std::string>& images, const std::vector<std::string>& patterns) {
-    const CapturedOutput names(data_.path("names of user " + std::to_string(geteuid())));
+    const CapturedOutput names(data_.path("names " + std::to_string(std::random_device()())));
     convertLibraryFiles(images, patterns);
   }
 
@@ -61,7 +65,7 @@ class ConversionTest : public testing::Test {
       if (!std::filesystem::is_directory(data_.all(folder))) continue;
       for (const auto& entry : std::filesystem::recursive_directory_iterator(data_.all(folder))) {
         if (!entry.is_regular_file()) continue;
-        files[entry.path().lexically_relative(data_.all(".")).string()] = readBytes(entry.path().string());
+        files[entry.path().lexically_relative(data_.all(".")).generic_string()] = readBytes(entry.path().string());
       }
     }
     return files;
@@ -72,6 +76,7 @@ class ConversionTest : public testing::Test {
     return names;
   }
 
+#ifndef _WIN32
   // Runs the work in a process of its own, with as little right as anyone's.
   template <class Work>
   void inProcessOfAnyone(Work work) {
@@ -85,6 +90,7 @@ class ConversionTest : public testing::Test {
     ASSERT_EQ(waitpid(child, &status, 0), child);
     ASSERT_EQ(status, 0);
   }
+#endif
 
   DataFolders data_;
 };

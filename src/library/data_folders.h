@@ -25,7 +25,7 @@ class DataFolders {
  private:
   ScratchFolder scratch_;
   EnvironmentOverride all_{"QUILTOR_ALLUSERS_DIR", scratch_.path("all")};
-  EnvironmentOverride user_{"XDG_CONFIG_HOME", scratch_.path("user")};
+  EnvironmentOverride user_{"QUILTOR_USER_DIR", scratch_.path("user")};
 };
 
 inline void writeText(const std::string& path, const std::string& text) {

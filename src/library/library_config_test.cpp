@@ -82,7 +82,7 @@ TEST_F(LibraryConfig, NothingIsReadWithoutFiles) {
 
 TEST_F(LibraryConfig, NothingIsReadFromTheDrivesRootWithoutDataFolders) {
   const EnvironmentOverride home("HOME", std::nullopt);
-  const EnvironmentOverride config("XDG_CONFIG_HOME", std::nullopt);
+  const EnvironmentOverride config("QUILTOR_USER_DIR", std::nullopt);
   const EnvironmentOverride data("XDG_DATA_HOME", std::nullopt);
   const EnvironmentOverride allUsers("QUILTOR_ALLUSERS_DIR", std::nullopt);
   EXPECT_THAT(readConversionFolders().patterns, IsEmpty());

@@ -1,9 +1,8 @@
-#include <dlfcn.h>
-
 #include <chrono>
 #include <thread>
 
 #include "library/conversion_test.h"
+#include "platform/test_library.h"
 
 namespace quiltor {
 namespace {
@@ -19,12 +18,6 @@ class StartConversion : public ConversionTest {
     for (int i = 0; i < count; ++i) {
       writePng(library(std::to_string(i) + ".png"), {.width = 300, .height = 300, .pixels = someBytes(270000)});
     }
-  }
-
-  static size_t threads() {
-    size_t count = 0;
-    for ([[maybe_unused]] const auto& entry : fs::directory_iterator("/proc/self/task")) ++count;
-    return count;
   }
 
   // The thumbnails that have their names.
@@ -71,31 +64,32 @@ TEST_F(StartConversion, StartsNothingWithoutAListOfLibraries) {
   writeText(data_.all("config.txt"), "baseFolder: " + library() + "\r\n");
   for (const bool emptyList : {false, true}) {
     if (emptyList) writeText(data_.all("libpaths.txt"), "\n");
-    const size_t before = threads();
+    const size_t before = threadCount();
     startLibraryConversion();
-    EXPECT_EQ(threads(), before);
+    EXPECT_EQ(threadCount(), before);
   }
   EXPECT_THAT(resultNames(), IsEmpty());
 }
 
 TEST_F(StartConversion, AModuleThatStartedNoneIsUnloaded) {
-  void* const module = dlopen(UNLOAD_MODULE, RTLD_NOW | RTLD_LOCAL);
-  ASSERT_NE(module, nullptr) << dlerror();
-  dlclose(module);
-  EXPECT_EQ(dlopen(UNLOAD_MODULE, RTLD_NOW | RTLD_NOLOAD), nullptr);
+  TestLibrary module(UNLOAD_MODULE);
+  ASSERT_TRUE(module.isLoaded());
+  EXPECT_TRUE(TestLibrary::isInMemory(UNLOAD_MODULE));
+  module.unload();
+  EXPECT_FALSE(TestLibrary::isInMemory(UNLOAD_MODULE));
 }
 
 TEST_F(StartConversion, GoesOnWhenTheHostUnloadsItsModuleInTheMiddle) {
   constexpr int kPictures = 60;
   writeList();
   writePictures(kPictures);
-  void* const module = dlopen(UNLOAD_MODULE, RTLD_NOW | RTLD_LOCAL);
-  ASSERT_NE(module, nullptr) << dlerror();
-  const auto start = reinterpret_cast<void (*)()>(dlsym(module, "startConversionOfTheModule"));
+  TestLibrary module(UNLOAD_MODULE);
+  ASSERT_TRUE(module.isLoaded());
+  const auto start = reinterpret_cast<void (*)()>(module.symbol("startConversionOfTheModule"));
   ASSERT_NE(start, nullptr);
   start();
   while (thumbnails() == 0) std::this_thread::yield();
-  ASSERT_EQ(dlclose(module), 0);
+  ASSERT_TRUE(module.unload());
   EXPECT_LT(thumbnails(), kPictures) << "it was unloaded too late to show anything";
   EXPECT_TRUE(comesTo(kPictures));
 }

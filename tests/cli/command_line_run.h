@@ -35,7 +35,7 @@ class CommandLineTest : public testing::Test {
   }
 
   ScratchFolder folder;
-  EnvironmentOverride userData{"XDG_CONFIG_HOME", folder.path("user")};
+  EnvironmentOverride userData{"QUILTOR_USER_DIR", folder.path("user")};
   EnvironmentOverride allUsersData{"QUILTOR_ALLUSERS_DIR", folder.path("all")};
 };
 

@@ -41,7 +41,7 @@ class EffectTest : public testing::Test {
   }
 
   ScratchFolder folder;
-  EnvironmentOverride userData{"XDG_CONFIG_HOME", folder.path("user")};
+  EnvironmentOverride userData{"QUILTOR_USER_DIR", folder.path("user")};
   EnvironmentOverride allUsersData{"QUILTOR_ALLUSERS_DIR", folder.path("all")};
   standalone::Host host;
   standalone::EffectModule module;

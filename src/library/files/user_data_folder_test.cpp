@@ -8,7 +8,7 @@ namespace quiltor {
 namespace {
 
 TEST(GetUserDataFolder, TellsTheUsersFolderFromTheOneOfAllUsersAndAppendsNothing) {
-  const EnvironmentOverride user("XDG_CONFIG_HOME", "/home/someone/settings");
+  const EnvironmentOverride user("QUILTOR_USER_DIR", "/home/someone/settings");
   const EnvironmentOverride allUsers("QUILTOR_ALLUSERS_DIR", "/shared/data");
   EXPECT_EQ(getUserDataFolder(false), "/home/someone/settings");
   EXPECT_EQ(getUserDataFolder(true), "/shared/data");
