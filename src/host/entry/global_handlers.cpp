@@ -8,6 +8,7 @@
 #include "description/effect_description.h"
 #include "host/application.h"
 #include "host/entry/about_text.h"
+#include "host/entry/effect_identity.h"
 #include "host/global_data.h"
 #include "host/handle_guards.h"
 #include "host/log.h"
@@ -17,27 +18,12 @@
 namespace quiltor {
 namespace {
 
-constexpr char kEffectName[] = "Quiltor";
 constexpr char kOptionsButtonName[] = "Settings";
-
-// Major 1 begins at bit 19; minor and bug number are 0, the stage is development, the build is 1.
-constexpr A_u_long kVersion = 1u << 19 | 1u;
-static_assert(kVersion == 0x80001);
-
-constexpr PF_OutFlags kOutFlags = PF_OutFlag_NON_PARAM_VARY | PF_OutFlag_I_DO_DIALOG | PF_OutFlag_USE_OUTPUT_EXTENT |
-                                  PF_OutFlag_CUSTOM_UI | PF_OutFlag_DEEP_COLOR_AWARE | PF_OutFlag_SEND_UPDATE_PARAMS_UI;
-static_assert(kOutFlags == 0x6008064);
-
-constexpr PF_OutFlags2 kOutFlags2 = PF_OutFlag2_PARAM_GROUP_START_COLLAPSED_FLAG | PF_OutFlag2_REVEALS_ZERO_ALPHA |
-                                    PF_OutFlag2_SUPPORTS_SMART_RENDER | PF_OutFlag2_FLOAT_COLOR_AWARE |
-                                    PF_OutFlag2_AUTOMATIC_WIDE_TIME_INPUT | PF_OutFlag2_AE13_5_THREADSAFE |
-                                    PF_OutFlag2_SUPPORTS_GET_FLATTENED_SEQUENCE_DATA;
-static_assert(kOutFlags2 == 0xC21488);
 
 // Returns the host's code; id is written only when the host took the effect.
 HostErr registerEffect(SuiteHandler& suites, uint32_t& id) {
   AEGP_PluginID given = 0;
-  const HostErr code = suites.utility().AEGP_RegisterWithAEGP(nullptr, kEffectName, &given);
+  const HostErr code = suites.utility().AEGP_RegisterWithAEGP(nullptr, kEffectMatchName, &given);
   if (code == PF_Err_NONE) id = static_cast<uint32_t>(given);
   return code;
 }
@@ -70,7 +56,7 @@ void destroy(OwnedObject* object) noexcept {
 
 HostErr globalSetup(PF_InData& in, PF_OutData& out) {
   clearLog();
-  out.my_version = kVersion;
+  out.my_version = kEffectVersion;
   out.out_flags = kOutFlags;
   out.out_flags2 = kOutFlags2;
 
