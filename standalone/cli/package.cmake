@@ -1,0 +1,24 @@
+# The Debian package of the stand-alone host: the program and the module lie side by side, as the program expects.
+install(TARGETS quiltor RUNTIME DESTINATION lib/quiltor)
+install(TARGETS Quiltor LIBRARY DESTINATION lib/quiltor)
+if(TARGET QuiltorDialogs)
+  install(TARGETS QuiltorDialogs LIBRARY DESTINATION lib/quiltor)
+endif()
+install(CODE "
+  file(MAKE_DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin\")
+  file(CREATE_LINK ../lib/quiltor/quiltor \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin/quiltor\" SYMBOLIC)")
+install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION share/doc/quiltor)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME quiltor)
+set(CPACK_PACKAGE_CONTACT "the Quiltor developers <developers@quiltor.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "draws a pattern over a layer, as an effect and from the command line")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_DEBIAN_FILE_NAME "quiltor_${PROJECT_VERSION}_amd64.deb")
+set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The letters of contact sheets.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS fonts-dejavu-core)
+set(CPACK_OUTPUT_FILE_PREFIX "${PROJECT_SOURCE_DIR}/dist")
+include(CPack)

@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# Packs build/windows into dist/Quiltor-VERSION-win64.zip, with the licences of what is linked into it. The same commit
+# gives the same bytes.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+version="$(sed -nE 's/^project\(Quiltor VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt)"
+moment="$(git log -1 --format=%cI)"
+readonly version moment name="Quiltor-$version-win64"
+readonly sources=build/windows-dependencies/sources
+readonly folder="build/package/$name"
+
+# licence NAME FILE...
+licence() {
+  local name=$1
+  shift
+  cat "$@" >"$folder/licences/$name.txt"
+}
+
+rm -rf build/package
+mkdir -p "$folder/licences" dist
+cp build/windows/Quiltor.aex build/windows/quiltor.exe "$folder"
+sed "s/@VERSION@/$version/" windows/zip_readme.txt | sed 's/$/\r/' >"$folder/README.txt"
+licence libpng "$sources/libpng1.6/LICENSE"
+licence libjpeg-turbo "$sources/libjpeg-turbo/LICENSE.md" "$sources/libjpeg-turbo/README.ijg"
+licence highway "$sources/highway/LICENSE"
+licence pixman "$sources/pixman/COPYING"
+licence cairo "$sources"/cairo/COPYING*
+for package in libz-mingw-w64-dev mingw-w64-common gcc-mingw-w64-base libcli11-dev nlohmann-json3-dev libboost-dev; do
+  licence "$package" "/usr/share/doc/$package/copyright"
+done
+
+rm -f "dist/$name.zip"
+(
+  cd build/package
+  find "$name" -type f | LC_ALL=C sort >files
+  cmake -E tar cf "../../dist/$name.zip" --format=zip --mtime="$moment" --files-from=files
+)
+printf 'packed: dist/%s.zip\n' "$name"
