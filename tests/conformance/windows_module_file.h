@@ -31,7 +31,8 @@ class WindowsModuleFile {
   std::vector<std::string> exports() const {
     const auto table = read<IMAGE_EXPORT_DIRECTORY>(placeOf(directory(IMAGE_DIRECTORY_ENTRY_EXPORT)));
     std::vector<std::string> names;
-    for (DWORD i = 0; i < table.NumberOfNames; ++i) names.push_back(text(read<DWORD>(placeOf(table.AddressOfNames) + 4 * i)));
+    for (DWORD i = 0; i < table.NumberOfNames; ++i)
+      names.push_back(text(read<DWORD>(placeOf(table.AddressOfNames) + 4 * i)));
     return names;
   }
 
@@ -85,7 +86,8 @@ class WindowsModuleFile {
   size_t folderIn(size_t root, size_t folder, Wanted wanted) const {
     const auto head = read<IMAGE_RESOURCE_DIRECTORY>(folder);
     for (size_t i = 0; i < size_t{head.NumberOfNamedEntries} + head.NumberOfIdEntries; ++i) {
-      const auto entry = read<IMAGE_RESOURCE_DIRECTORY_ENTRY>(folder + sizeof head + i * sizeof(IMAGE_RESOURCE_DIRECTORY_ENTRY));
+      const auto entry =
+          read<IMAGE_RESOURCE_DIRECTORY_ENTRY>(folder + sizeof head + i * sizeof(IMAGE_RESOURCE_DIRECTORY_ENTRY));
       if (wanted(entry)) return root + entry.OffsetToDirectory;
     }
     throw std::runtime_error("the module has no such resource");
@@ -112,7 +114,8 @@ struct EffectResource {
     size_t at = 10;
     for (uint32_t left = word(6); left > 0; --left) {
       if (bytes.compare(at, 4, "MIB8") != 0 || word(at + 8) != 0) throw std::runtime_error("a property is misplaced");
-      const std::string key(bytes.rend() - static_cast<std::ptrdiff_t>(at) - 8, bytes.rend() - static_cast<std::ptrdiff_t>(at) - 4);
+      const std::string key(bytes.rend() - static_cast<std::ptrdiff_t>(at) - 8,
+                            bytes.rend() - static_cast<std::ptrdiff_t>(at) - 4);
       const uint32_t length = word(at + 12);
       if (length % 4 != 0 || at + 16 + length > bytes.size()) throw std::runtime_error("wrong length of " + key);
       keys.push_back(key);

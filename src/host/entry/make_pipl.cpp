@@ -23,7 +23,8 @@ class Resource {
   // Codes of four characters stand backwards; the data is filled up to whole words.
   void add(std::string_view key, std::string data) {
     while (data.size() % 4 != 0) data += '\0';
-    properties_ += "MIB8" + std::string(key.rbegin(), key.rend()) + word(0) + word(static_cast<uint32_t>(data.size())) + data;
+    properties_ +=
+        "MIB8" + std::string(key.rbegin(), key.rend()) + word(0) + word(static_cast<uint32_t>(data.size())) + data;
     ++count_;
   }
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "standalone/host/instance.h"
-#include "standalone/host/shared_library.h"
+#include "standalone/host/services/shared_library.h"
 
 namespace quiltor::standalone {
 

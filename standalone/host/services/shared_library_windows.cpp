@@ -3,7 +3,7 @@
 #include <array>
 #include <system_error>
 
-#include "standalone/host/shared_library.h"
+#include "standalone/host/services/shared_library.h"
 
 namespace quiltor::standalone {
 

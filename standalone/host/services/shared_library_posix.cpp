@@ -2,7 +2,7 @@
 
 #include <system_error>
 
-#include "standalone/host/shared_library.h"
+#include "standalone/host/services/shared_library.h"
 
 namespace quiltor::standalone {
 
