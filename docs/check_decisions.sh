@@ -10,4 +10,11 @@ while IFS=. read -r suite name; do
     missing=1
   }
 done < <(grep -oE '`[A-Z][A-Za-z0-9]+\.[A-Za-z][A-Za-z0-9]+`' docs/decisions.md | tr -d '`')
+# shellcheck disable=SC2016
+while IFS=: read -r file title; do
+  grep -qF "test(\"${title# }\"" "tests/scripts/$file" || {
+    printf 'docs/decisions.md names a test that is not there: %s:%s\n' "$file" "$title" >&2
+    missing=1
+  }
+done < <(grep -oE '`[a-z_]+\.mjs: [^`]+`' docs/decisions.md | tr -d '`')
 exit "$missing"

@@ -194,6 +194,24 @@ test("a click on an image closes the gallery with a result only when a library i
   assert.equal(script.result, "/a.png*T*n*/f*UPD");
 });
 
+test("the gallery is moved into the screen that it begins on", () => {
+  const script = loadDialog("gallery", newData());
+  script.$ = { screens: [{ left: 0, top: 0, right: 1536, bottom: 864 },
+    { left: -1000, top: -200, right: 0, bottom: 600 }] };
+  const moved = (x, y) => {
+    const window = { location: [x, y], size: [480, 410] };
+    script.keepOnScreen(window);
+    return plain(window.location);
+  };
+  assert.deepEqual(moved(300, 200), [300, 200]);
+  assert.deepEqual(moved(1500, 860), [1536 - 480 - 40, 864 - 410 - 40]);
+  assert.deepEqual(moved(10, 0), [10, 40], "the title can be reached");
+  assert.deepEqual(moved(-10, 500), [-520, 150]);
+  assert.deepEqual(moved(3000, 2000), [1016, 414], "beyond all screens");
+  script.$.screens = [{ left: 0, top: 0, right: 320, bottom: 200 }];
+  assert.deepEqual(moved(100, 100), [0, 40], "a screen that is too small shows the beginning");
+});
+
 // --- settings and the list ---
 
 const keys = ["baseFolder", "addFolder1", "addFolder2", "addFolder3", "addFolder4", "loadFromCloud", "copyOnImport",

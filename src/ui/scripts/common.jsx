@@ -24,6 +24,7 @@ var settingKeys = ["baseFolder", "addFolder1", "addFolder2", "addFolder3", "addF
   "copyOnImport", "convertPatterns", "flattenSubfolders"];
 var folderKeys = settingKeys.slice(0, 5);
 var notSet = "[not set]";
+var plainObject = {};
 
 // --- texts ---
 
@@ -382,10 +383,9 @@ function jsonFrame(holder, closing) {
 
 // Names that every object has are not stored: some of them do things when they are set.
 function storeJson(frame, value) {
-  var plain = {};
   if (frame.closing === "]") {
     frame.holder.push(value);
-  } else if (typeof plain[frame.key] === "undefined") {
+  } else if (typeof plainObject[frame.key] === "undefined") {
     frame.holder[frame.key] = value;
   }
 }

@@ -384,17 +384,20 @@ function addCommands(parent) {
   addButton(row, "Import folder", importFolder);
 }
 
-// Moves the window into the screen that it begins on; the frame around it is not counted in its size.
+function holdsPoint(screen, x, y) {
+  return x >= screen.left && x < screen.right && y >= screen.top && y < screen.bottom;
+}
+
+// Moves the window into the screen that it begins on, or into the first: on scaled displays the mouse may be told in
+// other units. The frame around the window is not counted in its size.
 function keepOnScreen(window) {
-  var frame = 40, left = window.location[0], top = window.location[1], i, screen;
+  var frame = 40, left = window.location[0], top = window.location[1], screen = $.screens[0], i;
   for (i = 0; i < $.screens.length; i++) {
-    screen = $.screens[i];
-    if (left >= screen.left && left < screen.right && top >= screen.top && top < screen.bottom) {
-      window.location = [Math.max(screen.left, Math.min(left, screen.right - window.size[0] - frame)),
-        Math.max(screen.top + frame, Math.min(top, screen.bottom - window.size[1] - frame))];
-      return;
-    }
+    if (holdsPoint($.screens[i], left, top)) screen = $.screens[i];
   }
+  if (!screen) return;
+  window.location = [Math.max(screen.left, Math.min(left, screen.right - window.size[0] - frame)),
+    Math.max(screen.top + frame, Math.min(top, screen.bottom - window.size[1] - frame))];
 }
 
 function buildGallery() {
