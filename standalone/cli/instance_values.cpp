@@ -35,7 +35,7 @@ void applyValue(Instance& instance, int index, const ParameterValue& value) {
   std::visit(Apply{instance, index}, value);
 }
 
-// An instance saved into a project, in which the pattern's path then takes the place of the saved one.
+// The pattern's path takes the place of the saved one.
 std::vector<unsigned char> savedWithPattern(Effect& effect, const std::filesystem::path& pattern) {
   const std::string selection = patternSelection(std::filesystem::absolute(pattern).generic_string());
   Instance saved(effect);

@@ -20,7 +20,7 @@ int controlOf(const std::vector<Parameter>& parameters) {
   throw UsageError("--draw: the effect has no control of its own");
 }
 
-// Its own corner of the pane.
+// The pane with the control on it.
 World drawnControl(Instance& instance, const std::vector<Parameter>& parameters) {
   const EventResult result = instance.drawControl(controlOf(parameters));
   requireSuccess(result.call, "drawing the control");
