@@ -11,6 +11,7 @@
 #include "standalone/cli/about_command.h"
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/convert_command.h"
+#include "standalone/cli/dialog_options.h"
 #include "standalone/cli/library_command.h"
 #include "standalone/cli/line_text.h"
 #include "standalone/cli/near_miss.h"
@@ -266,6 +267,11 @@ int parseAndRun(int argc, const char* const* argv, const Console& console) {
   addLibrary(app, library);
   PanelOptions panel;
   CLI::App* const panelCommand = addPanel(app, panel, session);
+  DialogCommandOptions dialog;
+  CLI::App* const galleryCommand = addGallery(app, dialog);
+  addSessionOptions(*galleryCommand, session);
+  CLI::App* const settingsCommand = addSettings(app, dialog);
+  addSessionOptions(*settingsCommand, session);
   CLI::App* const paramsCommand = app.add_subcommand("params", "List the effect's parameters");
   paramsCommand->footer("Example:\n  quiltor params");
   addSessionOptions(*paramsCommand, session);
@@ -290,12 +296,18 @@ int parseAndRun(int argc, const char* const* argv, const Console& console) {
     return runLibrary(library, console) ? 0 : kFailure;
   } else if (*panelCommand) {
     runPanel(session, panel, out, err);
+  } else if (*galleryCommand) {
+    runGallery(session, dialog, console);
+  } else if (*settingsCommand) {
+    runSettings(session, dialog, console);
   } else if (*paramsCommand) {
     runParams(session, out, err);
   } else if (*aboutCommand) {
     runAbout(session, out, err);
   } else {
-    throw UsageError("expected a command: render, convert, library, panel, params or about; --help explains them");
+    throw UsageError(
+        "expected a command: render, convert, library, gallery, settings, panel, params or about; --help explains "
+        "them");
   }
   return 0;
 }

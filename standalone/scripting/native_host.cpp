@@ -1,12 +1,22 @@
 #include "standalone/scripting/native_host.h"
 
+#include <QRegularExpression>
 #include <QThread>
 #include <algorithm>
 
 namespace quiltor::standalone {
 
+std::string describeError(const QString& text) {
+  static const QRegularExpression wrapped(
+      "Property '[^']*' of object (TypeError: .* has no property \"[^\"]*\") is not a function");
+  return text.simplified()
+      .replace(wrapped, "\\1")
+      .remove(QRegularExpression("^TypeError: (?=TypeError: )"))
+      .toStdString();
+}
+
 void NativeHost::complain(const QString& text) {
-  std::string line = text.simplified().toStdString();
+  std::string line = describeError(text);
   if (std::ranges::find(complaints_, line) == complaints_.end()) complaints_.push_back(std::move(line));
 }
 

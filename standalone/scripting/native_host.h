@@ -13,6 +13,10 @@
 
 namespace quiltor::standalone {
 
+// One line for an error of a script. Where a script calls a function that an object of the host does not have, the
+// engine wraps the host's message into its own.
+[[nodiscard]] std::string describeError(const QString& text);
+
 // All that the modules in environment/ reach of this program.
 class NativeHost : public QObject {
   Q_OBJECT

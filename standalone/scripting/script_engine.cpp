@@ -56,7 +56,7 @@ ScriptOutcome ScriptEngine::run(const std::string& script) {
   const QJSValue value = engine_.evaluate(QString::fromStdString(script), kScriptName, 1, &trace);
   ScriptOutcome outcome;
   if (!trace.isEmpty()) {
-    outcome = failure(lineInScript(trace), value.toString().simplified().toStdString());
+    outcome = failure(lineInScript(trace), describeError(value.toString()));
   } else if (!value.isUndefined()) {
     outcome.result = value.toString().toStdString();
   }

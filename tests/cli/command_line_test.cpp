@@ -15,7 +15,8 @@ TEST_F(CommandLineTest, asksForACommand) {
   const Outcome outcome = run({});
   EXPECT_EQ(outcome.status, 2);
   EXPECT_EQ(outcome.err,
-            "quiltor: expected a command: render, convert, library, panel, params or about; --help explains them\n");
+            "quiltor: expected a command: render, convert, library, gallery, settings, panel, params or about; --help "
+            "explains them\n");
 }
 
 TEST_F(CommandLineTest, suggestsTheCommandThatWasNearlyTyped) {

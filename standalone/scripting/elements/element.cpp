@@ -203,7 +203,8 @@ QList<int> Element::measureString(const QString& text) const {
 
 void Element::tellMouse(const char* name, const QEvent* event) {
   const auto& mouse = static_cast<const QMouseEvent&>(*event);
-  if (mouse.button() == Qt::LeftButton) tell(name);
+  // Qt hands on to containers what a label does not use; the script's object does that by itself.
+  if (mouse.button() == Qt::LeftButton && !widget_->childAt(mouse.position().toPoint())) tell(name);
 }
 
 bool Element::eventFilter(QObject* watched, QEvent* event) {

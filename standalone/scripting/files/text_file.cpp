@@ -27,9 +27,11 @@ qsizetype markLength(const QByteArray& bytes, QString& encoding) {
   return 0;
 }
 
-// The tested part may end within a character, which the decoder waits for.
+// A tested part may end within a character, a file may not.
 bool isUtf8(const QByteArray& bytes) {
-  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Default);
+  const bool isPart = bytes.size() > kTestedBytes;
+  QStringDecoder decoder(QStringDecoder::Utf8,
+                         isPart ? QStringDecoder::Flag::Default : QStringDecoder::Flag::Stateless);
   const QString ignored = decoder(bytes.left(kTestedBytes));
   return !decoder.hasError();
 }

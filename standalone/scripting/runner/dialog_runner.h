@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -12,11 +13,13 @@ namespace quiltor::standalone {
 // Who sits before the dialogs of scripts.
 struct DialogOptions {
   // The steps of an automation in the place of a person; standalone/scripting/automation/README.md has the language.
-  std::optional<std::string> steps;
+  std::optional<std::string> steps = std::nullopt;
   std::string stepsName = "steps";  // stands before the line of a step that fails
   // Saves a picture of the first dialog as it opens, PNG. Without steps the dialog is then closed.
-  std::string screenshot;
-  double scale = 1;             // of the screen, such as 1.25; per process, the first runner's counts
+  std::string screenshot = {};
+  double scale = 1;  // of the screen, such as 1.25; per process, the first runner's counts
+  // Where the dialogs' library lies when it is not beside the program.
+  std::filesystem::path folder = {};
   std::ostream* out = nullptr;  // what steps print, and what scripts tell or ask in the place of boxes; not null
 };
 

@@ -8,12 +8,19 @@
 namespace quiltor::standalone {
 namespace {
 
-std::filesystem::path dialogLibraryPath() { return programPath().parent_path() / "QuiltorDialogs.so"; }
+constexpr const char* kLibraryName = "QuiltorDialogs.so";
+
+std::filesystem::path dialogLibraryPath(const std::filesystem::path& folder) {
+  std::error_code error;
+  const std::filesystem::path usual = programPath().parent_path() / kLibraryName;
+  const bool isElsewhere = !folder.empty() && !std::filesystem::exists(usual, error);
+  return isElsewhere ? std::filesystem::absolute(folder) / kLibraryName : usual;
+}
 
 }  // namespace
 
 std::unique_ptr<DialogRunner> loadDialogRunner(const DialogOptions& options) {
-  const std::filesystem::path path = dialogLibraryPath();
+  const std::filesystem::path path = dialogLibraryPath(options.folder);
   std::error_code error;
   if (!std::filesystem::exists(path, error)) {
     throw NoDialogs("this build has no dialogs: " + path.string() +

@@ -13,8 +13,8 @@ class NoDialogs : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Loads QuiltorDialogs.so beside the program, so that only those who open dialogs wait for Qt. It stays loaded. Throws
-// NoDialogs when it was not built or cannot run here.
+// Loads QuiltorDialogs.so from beside the program, or from the options' folder, so that only those who open dialogs
+// wait for Qt. It stays loaded. Throws NoDialogs when it was not built or cannot run here.
 [[nodiscard]] std::unique_ptr<DialogRunner> loadDialogRunner(const DialogOptions& options);
 
 }  // namespace quiltor::standalone
