@@ -82,5 +82,27 @@ library convert
 library sheet tiles -o "$out/contact-sheet.png"
 printf '%s\n' "$out/contact-sheet.png"
 
+# Both dialogs as they open, without a screen; the gallery on a screen with larger points, too.
+dialog() {
+  local name=$1 command=$2
+  shift 2
+  QUILTOR_ALLUSERS_DIR="$scratch/all" XDG_CONFIG_HOME="$scratch/user" "$quiltor" "$command" --screenshot "$out/$name.png" \
+    "$@" >>"$scratch/library.log" || {
+    printf 'demo: the dialog of "quiltor %s" could not be opened\n' "$command" >&2
+    exit 1
+  }
+  printf '%s\n' "$out/$name.png"
+}
+mkdir "$scratch/Textures"
+cp "$samples"/{bricks,paper}.jpg "$samples"/{dots,petals,waves,woven}.png "$scratch/Textures"
+library scan "$scratch/Textures" "$scratch/Patterns"
+library convert
+library scan "$scratch/Textures" "$scratch/Patterns"
+library convert
+dialog settings-dialog settings
+dialog gallery-dialog gallery
+dialog gallery-dialog-125-percent gallery --scale 125%
+dialog settings-dialog-125-percent settings --scale 125%
+
 /usr/bin/python3 "$here/draw_chart.py" "$out/blend-modes.png" "${cells[@]}"
 printf '%s\n' "$out/blend-modes.png"
