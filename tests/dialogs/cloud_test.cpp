@@ -115,7 +115,8 @@ TEST_F(CloudTest, LargeManifestsAreReadSoon) {
   const auto start = std::chrono::steady_clock::now();
   EXPECT_EQ(listAfterOk(), line("Walls"));
   click("expect iconbutton#1 shown\nexpect iconbutton#2 hidden\nclose\n");
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::minutes(1));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::minutes(3))
+      << "a reader that goes over its text again and again takes hours";
 }
 
 }  // namespace

@@ -98,6 +98,14 @@ TEST_F(GalleryCommands, ImportAFile) {
   EXPECT_THAT(namesIn(shared(".cache")), testing::SizeIs(2)) << "the conversion runs again";
 }
 
+TEST_F(GalleryCommands, ImportIntoTheLibraryThatIsSelected) {
+  putImage(outside("/b.png"));
+  putList({"Other**/nowhere", "Textures**" + textures()});
+  click("choose dropdownlist #2\n" + answer(outside("/b.png")) +
+        "click \"Import file\"\nexpect dropdownlist selected \"[Textures] \"\nexpect iconbutton#2 shown\nclose\n");
+  EXPECT_THAT(namesIn(textures()), ElementsAre("a.png", "b.png"));
+}
+
 TEST_F(GalleryCommands, ImportNothing) {
   const Opened opened = click("answer cancel\nclick \"Import file\"\nanswer cancel\nclick \"Import folder\"\nclose\n");
   EXPECT_EQ(opened.result, "");

@@ -82,6 +82,14 @@ INSTANTIATE_TEST_SUITE_P(OfSoManyImages, GalleryPages,
                                          Pages{36, 1, 35}, Pages{70, 2, 35}, Pages{120, 3, 35}),
                          [](const auto& test) { return std::to_string(test.param.images); });
 
+TEST_F(GalleryTest, BeginsEachLibraryWithItsFirstPage) {
+  putImages(textures(), 70);
+  putImages(folder.path("Stone"), 105);
+  putList({line(), "Stone**" + folder.path("Stone")});
+  click("click \">\"\nchoose dropdownlist #2\n" + expectPage("1/3", false, true) + "click \">\"\n" +
+        expectPage("2/3", true, true) + "choose dropdownlist #1\n" + expectPage("1/2", false, true) + "close\n");
+}
+
 TEST_F(GalleryTest, ShowsThumbnailsWhereThereAreSome) {
   for (const char* name : {"/a.png", "/b \xC3\xA4%41.png", "/c.png"}) putImage(textures(name));
   put(textures("/d.png"), "no picture");
@@ -113,7 +121,7 @@ TEST_F(GalleryTest, SelectsTheLibraryThatWasPickedFrom) {
   putImages(textures(), 1);
   putList({"Stone*x*/nowhere", "Te\"x*y*/nowhere", "Te\"x*" + name + "*" + textures()});
   click("choose dropdownlist #3\nclick iconbutton\n");
-  const Opened opened = click("tree\nclose\n");
+  const Opened opened = click("expect iconbutton shown\ntree\nclose\n");
   EXPECT_THAT(opened.printed, HasSubstr("selected=\"[Te\\\"x] a \\\"b\\\" \\\\ 'c' #v1 \xC3\xA4\""));
 }
 

@@ -362,6 +362,7 @@ test("the list is written as it is read", () => {
   fs.rmSync(path);
   script.readLibs();
   assert.deepEqual(plain(script.libs), [{ tag: "Quiltor", name: "", folder: `${join(data, "all")}/Quiltor` }]);
+  assert.equal(script.gallery.listBase, join(data, "all"));
 });
 
 test("paths are taken apart at either separator", () => {
