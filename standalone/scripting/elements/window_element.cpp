@@ -66,11 +66,11 @@ void WindowElement::center() {
 void WindowElement::present() {
   if (!place_) center();
   static_cast<QDialog*>(widget())->setModal(true);
-  // The attention of the keyboard shows from the start, not from the first key on.
-  widget()->setAttribute(Qt::WA_KeyboardFocusChange);
   widget()->show();
   if (!widget()->focusWidget()) static_cast<DialogWidget*>(widget())->attendFirst();
   widget()->activateWindow();
+  // The attention of the keyboard shows from the start, not from the first key on. Showing a window resets this.
+  widget()->setAttribute(Qt::WA_KeyboardFocusChange);
 }
 
 void WindowElement::run() {
