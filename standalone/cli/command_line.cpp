@@ -19,6 +19,7 @@
 #include "standalone/cli/panel_command.h"
 #include "standalone/cli/params_command.h"
 #include "standalone/cli/render_command.h"
+#include "standalone/cli/validate_command.h"
 
 namespace quiltor::standalone {
 namespace {
@@ -234,6 +235,32 @@ bool runLibrary(const LibraryCommands& commands, const Console& console) {
   return true;
 }
 
+CLI::App* addValidate(CLI::App& app, ValidateOptions& validate) {
+  CLI::App* const command =
+      app.add_subcommand("validate", "Check an effect module against the rules that hosts rely on");
+  command
+      ->add_option("--plugin", validate.module, "The effect module; the Quiltor module beside this program without it")
+      ->type_name("PATH");
+  command->add_option("--check", validate.checks, "Run this check alone; may be repeated")
+      ->type_name("NAME")
+      ->allow_extra_args(false);
+  command->add_flag("--list", validate.list, "Name the checks and run none");
+  command->add_flag("--json", validate.json, "Print the report as JSON, with every problem");
+  command->add_option("--time-limit", validate.timeLimit, "How long a check may take; 60 without it")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(0.1, 86400.0).name(""));
+  CLI::Option* const inProcess =
+      command->add_flag("--in-process", validate.inProcess, "Run the one check in this process, for a debugger");
+  command->add_option("--result", validate.result, "A folder for the check's result")
+      ->type_name("FOLDER")
+      ->needs(inProcess)
+      ->group("");
+  command->footer(
+      "Every check runs in a process of its own. The exit status is 1 when the module broke a rule.\n\n"
+      "Example:\n  quiltor validate --plugin build/native/Quiltor.so --json");
+  return command;
+}
+
 // What was typed and is known to no command, with the nearest that is.
 std::string describeUnknown(const CLI::App& app) {
   const CLI::App* chosen = &app;
@@ -272,6 +299,8 @@ int parseAndRun(int argc, const char* const* argv, const Console& console) {
   addSessionOptions(*galleryCommand, session);
   CLI::App* const settingsCommand = addSettings(app, dialog);
   addSessionOptions(*settingsCommand, session);
+  ValidateOptions validate;
+  CLI::App* const validateCommand = addValidate(app, validate);
   CLI::App* const paramsCommand = app.add_subcommand("params", "List the effect's parameters");
   paramsCommand->footer("Example:\n  quiltor params");
   addSessionOptions(*paramsCommand, session);
@@ -300,14 +329,16 @@ int parseAndRun(int argc, const char* const* argv, const Console& console) {
     runGallery(session, dialog, console);
   } else if (*settingsCommand) {
     runSettings(session, dialog, console);
+  } else if (*validateCommand) {
+    return runValidate(validate, out) ? 0 : kFailure;
   } else if (*paramsCommand) {
     runParams(session, out, err);
   } else if (*aboutCommand) {
     runAbout(session, out, err);
   } else {
     throw UsageError(
-        "expected a command: render, convert, library, gallery, settings, panel, params or about; --help explains "
-        "them");
+        "expected a command: render, convert, library, gallery, settings, panel, validate, params or about; --help "
+        "explains them");
   }
   return 0;
 }

@@ -21,6 +21,7 @@ struct Frame {
 struct RenderResult {
   PF_Err code = PF_Err_NONE;  // the first error among the calls that make up the frame
   std::string message;        // the first return message among them
+  PF_OutFlags outFlags = 0;   // of all of them
   // The picture; absent when the effect failed before it, or when an empty rectangle made rendering needless. Its
   // origin is the left-top of the result rectangle.
   std::optional<World> output;

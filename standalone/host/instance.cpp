@@ -91,6 +91,11 @@ void Instance::discardSequenceData() {
   sequenceData_ = nullptr;
 }
 
+PF_Handle Instance::detachSequenceData() {
+  setUp_ = flat_ = false;
+  return std::exchange(sequenceData_, nullptr);
+}
+
 std::vector<unsigned char> Instance::sequenceBytes() const {
   return effect_.host().state().handles.bytes(sequenceData_);
 }

@@ -41,6 +41,8 @@ class Instance {
   // PF_Cmd_SEQUENCE_SETDOWN when anything was set up. Harmless when repeated.
   CallResult shutDown();
   [[nodiscard]] PF_Handle sequenceData() const { return sequenceData_; }
+  // The host lets go of the data without a word to the effect; whoever asked for that sets them down.
+  PF_Handle detachSequenceData();
   // The bytes of the handle that is kept now; empty without one.
   [[nodiscard]] std::vector<unsigned char> sequenceBytes() const;
 

@@ -15,6 +15,7 @@ bool note(RenderResult& frame, const CallResult& call) {
   if (frame.message.empty()) frame.message = call.message();
   frame.seconds += call.seconds;
   frame.processorSeconds += call.processorSeconds;
+  frame.outFlags |= call.out.out_flags;
   return call.succeeded();
 }
 

@@ -15,9 +15,7 @@ inline standalone::Call setdownOf(PF_Handle handle) {
 // Makes the host let go of the instance's data without a word to the effect. The host takes back what a failed setdown
 // left behind; with detached data a test can fail a setdown and repeat it, through the effect's own call.
 inline PF_Handle detachData(standalone::Instance& instance) {
-  const PF_Handle handle = instance.sequenceData();
-  instance.call(setdownOf(nullptr));
-  return handle;
+  return instance.detachSequenceData();
 }
 
 // A test with one application of the effect, not yet set up; shut down at the end.
