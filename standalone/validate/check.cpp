@@ -10,6 +10,11 @@ CheckRun::CheckRun(const EffectModule& module, std::function<void(const std::str
 
 HostOptions CheckRun::hostOptions() {
   HostOptions options;
+  // An empty one too.
+  options.masks = {
+      {.id = 3, .vertices = {{1, 1}, {6, 2}, {3, 5}}, .featherX = 2},
+      {.id = 7, .vertices = {{0, 0}, {9, 0}, {9, 9}, {0, 9}}, .featherX = 4, .featherY = 1, .inverted = true},
+      {.id = 8}};
   options.trace = [this](std::string_view line) {
     constexpr std::string_view kCall = "call ";
     if (!line.starts_with(kCall)) return;

@@ -17,7 +17,7 @@ class CheckRun {
   CheckRun(const EffectModule& module, std::function<void(const std::string&)> progress = nullptr);
 
   [[nodiscard]] const EffectModule& module() const { return module_; }
-  // Options whose trace says which call the effect is in.
+  // A host with three masks, 3, 7 and 8, whose trace says which call the effect is in.
   [[nodiscard]] HostOptions hostOptions();
 
   // What follows is one more trial, under these circumstances; problems name them.

@@ -114,7 +114,7 @@ void keepsInstancesApart(CheckRun& run) {
     auto picture = renderFrame(stage, *instances.back(), kPlain, {.input = &layer});
     if (i == 0) first = std::move(picture);
   }
-  for (const std::size_t gone : {1, 0, 1}) {
+  for (const std::size_t gone : {1u, 0u, 1u}) {
     run.trial("after an instance was set down");
     run.requireSuccess(instances[gone]->shutDown(), "sequence setdown");
     instances.erase(instances.begin() + static_cast<std::ptrdiff_t>(gone));

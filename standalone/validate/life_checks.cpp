@@ -93,7 +93,7 @@ void livesInTheVideoEditor(CheckRun& run) {
 
 std::vector<Check> lifeChecks() {
   return {
-      {kLoads, "The module can be loaded and exports the entry point.", [](CheckRun&) {}},
+      {kLoads, "The module can be loaded and exports the entry point.", [](CheckRun& run) { run.trial(""); }},
       {"set-up", "Global and parameter setup succeed, add what they count, and setdown leaves nothing.", setsUp},
       {"set-up-again", "An effect can be set up and shut down several times in one process.", setsUpAgain},
       {"parameters-again", "Parameter setup registers the same parameters each time.", registersTheSameAgain},

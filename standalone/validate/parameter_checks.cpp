@@ -8,8 +8,8 @@ namespace quiltor::standalone {
 namespace {
 
 template <class Use>
-void forEveryKind(CheckRun& run, HostOptions options, Use use) {
-  Stage stage(run, std::move(options));
+void forEveryKind(CheckRun& run, Use use) {
+  Stage stage(run);
   if (!stage.setUp()) return;
   for (const FrameKind& kind : frameKinds(stage)) use(stage, kind);
 }
@@ -73,7 +73,7 @@ std::vector<Setting> settingsOf(const Parameter& parameter, int index) {
 }
 
 void takesEveryValue(CheckRun& run) {
-  forEveryKind(run, run.hostOptions(), [&](Stage& stage, const FrameKind& kind) {
+  forEveryKind(run, [&](Stage& stage, const FrameKind& kind) {
     const World layer = testPicture(kind.format, 14, 9);
     const auto& parameters = stage.effect.parameters();
     for (std::size_t i = 1; i < parameters.size(); ++i) {
@@ -89,7 +89,7 @@ void takesEveryValue(CheckRun& run) {
 }
 
 void takesEveryLayer(CheckRun& run) {
-  forEveryKind(run, run.hostOptions(), [&](Stage& stage, const FrameKind& kind) {
+  forEveryKind(run, [&](Stage& stage, const FrameKind& kind) {
     const World layer = testPicture(kind.format, 14, 9);
     const World larger = testPicture(kind.format, 40, 31), tiny = testPicture(kind.format, 1, 1);
     const auto& parameters = stage.effect.parameters();
@@ -117,12 +117,7 @@ void takesEveryLayer(CheckRun& run) {
 }
 
 void takesEveryMask(CheckRun& run) {
-  HostOptions options = run.hostOptions();
-  options.masks = {
-      {.id = 3, .vertices = {{1, 1}, {12, 2}, {6, 8}}},
-      {.id = 7, .vertices = {{0, 0}, {9, 0}, {9, 9}, {0, 9}}, .featherX = 4, .featherY = 1, .inverted = true},
-      {.id = 8}};
-  forEveryKind(run, std::move(options), [&](Stage& stage, const FrameKind& kind) {
+  forEveryKind(run, [&](Stage& stage, const FrameKind& kind) {
     const World layer = testPicture(kind.format, 14, 9);
     const auto& parameters = stage.effect.parameters();
     bool any = false;

@@ -41,11 +41,12 @@ void refuseInCommand(CheckRun& run, const Command& command, A_long application) 
   finish();
 }
 
-void refuseInFrames(CheckRun& run, bool smart) {
+// False when the effect has no frames of this kind.
+bool refuseInFrames(CheckRun& run, bool smart, A_long application) {
   HostOptions options = run.hostOptions();
-  options.masks = {{.id = 3, .vertices = {{1, 1}, {6, 2}, {3, 5}}, .featherX = 2}};
+  options.appId = application;
   Stage stage(run, options);
-  if (!stage.setUp()) return;
+  if (!stage.setUp()) return false;
   bool any = false;
   for (const FrameKind& kind : frameKinds(stage)) {
     if (kind.smart != smart) continue;
@@ -53,7 +54,7 @@ void refuseInFrames(CheckRun& run, bool smart) {
     const World layer = testPicture(kind.format, 7, 5), other = testPicture(kind.format, 4, 6);
     Instance instance(stage.effect);
     run.trial(kind.name);
-    if (!run.requireSuccess(instance.setUp(), "sequence setup")) return;
+    if (!run.requireSuccess(instance.setUp(), "sequence setup")) return true;
     const auto& parameters = stage.effect.parameters();
     for (std::size_t i = 1; i < parameters.size(); ++i) {
       const int index = static_cast<int>(i);
@@ -78,7 +79,7 @@ void refuseInFrames(CheckRun& run, bool smart) {
                run.require(alike(expected, next), "the next frame is another");
              }});
   }
-  if (!any) run.notApplicable("the effect does not render by the smart selectors");
+  return any;
 }
 
 }  // namespace
@@ -91,12 +92,19 @@ std::vector<Check> refusalChecks() {
                         for (const A_long application : {kAppId_AfterEffects, kAppId_PremierePro}) {
                           refuseInCommand(run, command, application);
                         }
+                        if (run.trials() == 0) run.notApplicable("the effect asks the host for nothing there");
                       }});
   }
-  checks.push_back({"refusals-frames", "Whatever the host refuses in a frame, the next one is right.",
-                    [](CheckRun& run) { refuseInFrames(run, false); }});
+  checks.push_back(
+      {"refusals-frames", "Whatever the host refuses in a frame, the next one is right.", [](CheckRun& run) {
+         for (const A_long application : {kAppId_AfterEffects, kAppId_PremierePro})
+           refuseInFrames(run, false, application);
+       }});
   checks.push_back({"refusals-smart-frames", "Whatever the host refuses in a smart frame, the next one is right.",
-                    [](CheckRun& run) { refuseInFrames(run, true); }});
+                    [](CheckRun& run) {
+                      if (!refuseInFrames(run, true, kAppId_AfterEffects))
+                        run.notApplicable("the effect does not render by the smart selectors");
+                    }});
   return checks;
 }
 

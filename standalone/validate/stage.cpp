@@ -16,11 +16,11 @@ Stage::~Stage() {
 
 bool Stage::setUp() { return run.requireSuccess(effect.setUp(), "setting up"); }
 
-std::vector<FrameKind> frameKinds(const Stage& stage) {
+std::vector<FrameKind> frameKinds(Stage& stage) {
   const Effect& effect = stage.effect;
   const std::vector<PrPixelFormat>& formats = stage.host.declaredPixelFormats();
   std::vector<FrameKind> kinds;
-  if (!formats.empty()) {
+  if (stage.host.options().appId == kAppId_PremierePro) {
     for (const WorldFormat format : {WorldFormat::Bgra8, WorldFormat::BgraFloat}) {
       const bool declared = std::find(formats.begin(), formats.end(), videoEditorFormatCode(format)) != formats.end();
       if (declared)

@@ -36,7 +36,8 @@ struct FrameKind {
   std::string name;  // "smart, 16 bits"
 };
 
-[[nodiscard]] std::vector<FrameKind> frameKinds(const Stage& stage);
+// In the video editor those whose pixels it has declared.
+[[nodiscard]] std::vector<FrameKind> frameKinds(Stage& stage);
 
 // No two neighbours alike, transparent and opaque; float pixels also beyond 0 and 1.
 [[nodiscard]] World testPicture(WorldFormat format, int width, int height);

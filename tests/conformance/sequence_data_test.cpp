@@ -12,7 +12,6 @@ namespace {
 
 using standalone::CallResult;
 using standalone::HostCall;
-using testing_support::detachData;
 using testing_support::flatSequence;
 using testing_support::InstanceTest;
 using testing_support::liveRecordOf;
@@ -264,7 +263,7 @@ TEST_F(SequenceSetdown, OfNothingReturns0) { EXPECT_EQ(instance.call({.selector 
 
 TEST_F(SequenceSetdown, LeavesDataThatCannotBeLockedToTheHost) {
   instance.setUp();
-  const PF_Handle handle = detachData(instance);
+  const PF_Handle handle = instance.detachSequenceData();
   host.faults().failAlways(HostCall::LockHandle);
   const CallResult result = effect.call(setdownOf(handle));
   EXPECT_EQ(result.code, 512);
@@ -275,7 +274,7 @@ TEST_F(SequenceSetdown, LeavesDataThatCannotBeLockedToTheHost) {
 
 TEST_F(SequenceSetdown, Returns516WithoutTheHandleSuiteAndWorksWhenItIsBack) {
   instance.setUp();
-  const PF_Handle handle = detachData(instance);
+  const PF_Handle handle = instance.detachSequenceData();
   host.faults().failAlways(HostCall::AcquireSuite);
   EXPECT_EQ(effect.call(setdownOf(handle)).code, 516);
   host.faults().failNever();

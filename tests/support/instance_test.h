@@ -12,12 +12,6 @@ inline standalone::Call setdownOf(PF_Handle handle) {
           .prepare = [handle](PF_InData& in, PF_OutData& out) { in.sequence_data = out.sequence_data = handle; }};
 }
 
-// Makes the host let go of the instance's data without a word to the effect. The host takes back what a failed setdown
-// left behind; with detached data a test can fail a setdown and repeat it, through the effect's own call.
-inline PF_Handle detachData(standalone::Instance& instance) {
-  return instance.detachSequenceData();
-}
-
 // A test with one application of the effect, not yet set up; shut down at the end.
 class InstanceTest : public EffectTest {
  protected:

@@ -1,5 +1,6 @@
-// An effect that copies its input, and that does one wrong thing when told to: the one that the host's finding of that
-// name is about. Compiled on its own and loaded like any other effect.
+// An effect that copies its input, and that does one wrong thing when told to, by `setMisdeed` or the environment: the
+// one that the host's finding of that name is about, or one of those that only a frame or a whole check shows. Compiled
+// on its own and loaded like any other effect.
 #include <atomic>
 #include <cstdlib>
 #include <cstring>
@@ -14,7 +15,12 @@
 
 namespace {
 
-std::string chosenMisdeed;
+std::string misdeedOfTheEnvironment() {
+  const char* const name = std::getenv("QUILTOR_SAMPLE_MISDEED");
+  return name ? name : "";
+}
+
+std::string chosenMisdeed = misdeedOfTheEnvironment();
 
 bool does(const char* misdeed) { return chosenMisdeed == misdeed; }
 
@@ -236,8 +242,8 @@ PF_Err about(PF_InData* in) {
 PF_Err globalSetup(PF_InData* in, PF_OutData* out) {
   out->my_version = 0x80001;
   out->out_flags = PF_OutFlag_DEEP_COLOR_AWARE;
-  out->out_flags2 = PF_OutFlag2_SUPPORTS_SMART_RENDER | PF_OutFlag2_AUTOMATIC_WIDE_TIME_INPUT |
-                    PF_OutFlag2_SUPPORTS_GET_FLATTENED_SEQUENCE_DATA;
+  out->out_flags2 = PF_OutFlag2_SUPPORTS_SMART_RENDER | PF_OutFlag2_FLOAT_COLOR_AWARE | PF_OutFlag2_AE13_5_THREADSAFE |
+                    PF_OutFlag2_AUTOMATIC_WIDE_TIME_INPUT | PF_OutFlag2_SUPPORTS_GET_FLATTENED_SEQUENCE_DATA;
   const Handles handles = handlesOf(in);
   if (!handles) return PF_Err_BAD_CALLBACK_PARAM;
   out->global_data = handles->host_new_handle(16);
@@ -319,8 +325,10 @@ PF_Err sequenceFlatten(PF_InData* in, PF_OutData* out, bool replace) {
   if (!in->sequence_data || (!replace && does("FlatDataIsLive"))) return PF_Err_NONE;
   const Handles handles = handlesOf(in);
   if (!handles) return PF_Err_BAD_CALLBACK_PARAM;
+  const PF_Handle scratch = does("LeaksWhenRefused") ? handles->host_new_handle(8) : nullptr;
   const PF_Handle flat = newSequenceData(handles, kFlat);
   if (!flat) return PF_Err_OUT_OF_MEMORY;
+  if (scratch) handles->host_dispose_handle(scratch);
   out->sequence_data = flat;
   if (replace) handles->host_dispose_handle(in->sequence_data);
   return PF_Err_NONE;
@@ -396,6 +404,19 @@ PF_Err copyRow(void* refcon, A_long threadIndex, A_long y, A_long) {
   return code;
 }
 
+// --- Wrong things done in a frame ---
+
+void misuseFrame(PF_InData* in, PF_EffectWorld* output, size_t pixel) {
+  const void* table = nullptr;
+  if (does("FrameLeaksSuite")) in->pica_basicP->AcquireSuite(kPFHandleSuite, kPFHandleSuiteVersion2, &table);
+  auto* lastRow = reinterpret_cast<unsigned char*>(output->data) + ptrdiff_t{output->height - 1} * output->rowbytes;
+  if (does("FrameWritesPastRow")) lastRow[static_cast<size_t>(output->width) * pixel] ^= 0xFF;
+  static int frames = 0;
+  if (does("FrameDiffers") && ++frames % 2 == 0) lastRow[0] ^= 0xFF;
+  if (does("FrameCrashes") && pixel == 8) *static_cast<volatile int*>(nullptr) = 1;
+  while (does("FrameHangs") && pixel == 8) std::this_thread::yield();
+}
+
 PF_Err copyWorld(PF_InData* in, PF_EffectWorld* input, PF_EffectWorld* output) {
   const Suite<PF_WorldSuite2> worlds(in, kPFWorldSuite, kPFWorldSuiteVersion2);
   const Suite<PF_Iterate8Suite1> iterate(in, kPFIterate8Suite, kPFIterate8SuiteVersion1);
@@ -405,7 +426,9 @@ PF_Err copyWorld(PF_InData* in, PF_EffectWorld* input, PF_EffectWorld* output) {
   const size_t pixel = format == PF_PixelFormat_ARGB32 ? 4 : format == PF_PixelFormat_ARGB64 ? 8 : 16;
   CopyJob job{in, input, output, static_cast<size_t>(output->width) * pixel};
   if (does("InputWorldWritten")) input->data->red ^= 1;
-  return iterate->iterate_generic(output->height, &job, &copyRow);
+  const PF_Err code = iterate->iterate_generic(output->height, &job, &copyRow);
+  misuseFrame(in, output, pixel);
+  return code;
 }
 
 PF_Err checkOutAndIn(PF_InData* in, PF_ParamIndex index, A_long time, PF_ParamDef* record) {
@@ -416,6 +439,9 @@ PF_Err checkOutAndIn(PF_InData* in, PF_ParamIndex index, A_long time, PF_ParamDe
 PF_Err render(PF_InData* in, PF_ParamDef** params, PF_EffectWorld* output) {
   PF_ParamDef record{};
   if (const PF_Err code = checkOutAndIn(in, 1, in->current_time + 3, &record)) return code;
+  if (does("FrameForgetsCheckin")) {
+    in->inter.checkout_param(in->effect_ref, 1, in->current_time, in->time_step, in->time_scale, &record);
+  }
   PF_ParamDef* destination = does("ParamCheckoutIntoParams") ? params[2] : &record;
   if (const PF_Err code = checkOutAndIn(in, 2, in->current_time, destination)) return code;
   return copyWorld(in, &params[0]->u.ld, output);
