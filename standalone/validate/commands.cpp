@@ -70,10 +70,28 @@ std::vector<Command> makeCommands() {
          return result;
        }},
       {"options-dialog", setUpInstance, [](Subject& subject) { return subject.instance->doDialog(); }},
+      {"control-draw", setUpInstance,
+       [](Subject& subject) {
+         const int control = customControlOf(*subject.effect);
+         return control ? subject.instance->drawControl(control).call : CallResult{};
+       }},
+      {"control-click", setUpInstance,
+       [](Subject& subject) {
+         const int control = customControlOf(*subject.effect);
+         return control ? subject.instance->clickedByUser(control).call : CallResult{};
+       }},
   };
 }
 
 }  // namespace
+
+int customControlOf(const Effect& effect) {
+  const auto& parameters = effect.parameters();
+  for (std::size_t i = 1; i < parameters.size(); ++i) {
+    if (parameters[i].definition.ui_flags & PF_PUI_CONTROL) return static_cast<int>(i);
+  }
+  return 0;
+}
 
 void Subject::shutDown() {
   instance.reset();

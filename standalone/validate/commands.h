@@ -33,4 +33,7 @@ void prepare(Subject& subject, Host& host, const EffectModule& module, const Com
 
 [[nodiscard]] const std::vector<Command>& commands();
 
+// The first parameter with a control of the effect's own; 0 without one.
+[[nodiscard]] int customControlOf(const Effect& effect);
+
 }  // namespace quiltor::standalone

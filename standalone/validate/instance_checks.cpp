@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "standalone/validate/commands.h"
 #include "standalone/validate/stage.h"
 
 namespace quiltor::standalone {
@@ -142,6 +143,23 @@ void answersItsPanel(CheckRun& run) {
   });
 }
 
+void drawsItsControl(CheckRun& run) {
+  withInstance(run, [&](Stage& stage, Instance& instance) {
+    const int control = customControlOf(stage.effect);
+    if (control == 0) return run.notApplicable("the effect has no control of its own");
+    for (const PF_EventInFlags flags : {0, static_cast<int>(PF_EI_DONT_DRAW)}) {
+      run.trial(flags ? "told not to draw" : "");
+      run.requireSuccess(instance.send({.type = PF_Event_DRAW, .index = control, .inFlags = flags}).call, "drawing");
+    }
+    stage.host.options().offerDrawing = false;
+    run.trial("without a drawing reference");
+    run.requireSuccess(instance.drawControl(control).call, "drawing");
+    // What a click comes to without scripts is the effect's own affair.
+    run.trial("clicked");
+    (void)instance.clickedByUser(control);
+  });
+}
+
 // The host has no scripts here; what the effect says about that is its own affair.
 void answersItsOptionsButton(CheckRun& run) {
   withInstance(run, [&](Stage& stage, Instance& instance) {
@@ -163,6 +181,7 @@ std::vector<Check> instanceChecks() {
       {"damaged-data", "Damaged saved data do no harm.", survivesDamagedData},
       {"several-instances", "Instances do not depend on one another.", keepsInstancesApart},
       {"panel", "The panel's refresh and every change of a supervised parameter succeed.", answersItsPanel},
+      {"control", "The effect's own control draws, and a click on it does no harm.", drawsItsControl},
       {"options-dialog", "The options button does no harm.", answersItsOptionsButton},
   };
 }

@@ -87,12 +87,15 @@ constexpr Rule kRules[] = {
     {"DO_DIALOG", HostCall::LockHandle, "made in PF_Cmd_SEQUENCE_SETUP", k512},
     {"DO_DIALOG", HostCall::ExecuteScript, "", kIgnored},
     {"DO_DIALOG", HostCall::LockMemory, "", kIgnored},
-    {"EVENT", HostCall::AcquireSuite, "\"PF Handle Suite\" 2", {Answer::MissingSuite, Picture::None, kNotAcquired}},
-    {"EVENT", HostCall::AcquireSuite, "\"AEGP Utility Suite\" 11", {Answer::MissingSuite, Picture::None, kNotAcquired}},
-    {"EVENT", HostCall::AcquireSuite, "\"AEGP Memory Suite\" 1", {Answer::MissingSuite, Picture::None, kNotAcquired}},
+    {"EVENT", HostCall::AcquireSuite, "", {Answer::MissingSuite, Picture::None, kNotAcquired}},
     {"EVENT", HostCall::LockHandle, "made in PF_Cmd_SEQUENCE_SETUP", k512},
     {"EVENT", HostCall::ExecuteScript, "", kIgnored},
     {"EVENT", HostCall::LockMemory, "", kIgnored},
+    {"EVENT", HostCall::DrawingReference, "", kHostsOwn},
+    {"EVENT", HostCall::Drawbot, "", kHostsOwn},
+    {"EVENT", HostCall::NewImage, "", kHostsOwn},
+    {"EVENT", HostCall::DrawImage, "", kHostsOwn},
+    {"EVENT", HostCall::ReleaseObject, "", kHostsOwn},
 
     // --- Before a smart frame ---
     {"SMART_PRE_RENDER", HostCall::AcquireSuite, "\"PF Handle Suite\" 2", k516},

@@ -14,6 +14,7 @@
 #include "tests/refusals/render_lock.h"
 #include "tests/render/hand_case.h"
 #include "tests/render/render_test.h"
+#include "tests/support/png_file.h"
 
 namespace quiltor::refusal_tests {
 namespace {
@@ -62,7 +63,7 @@ class RefusedFrame : public render_tests::RenderTest, public testing::WithParamI
     frame.smart = chosen.smart;
     frame.source = chosen.file ? PatternSource::PngRgba : PatternSource::Layer;
     frame.patternLayer = ramp(chosen.format, 4, 3, 0.23);
-    frame.file = {2, 1, 4, {10, 200, 30, 255, 40, 50, 250, 128}};
+    frame.file = {4, 3, 4, testing_support::variedPixels(4, 3, 4)};
     frame.blendMode = render_tests::kAverage;
     frame.lock = true;
     frame.transform = {

@@ -33,7 +33,7 @@ TEST_F(InstanceTest, TheEffectsParametersAreKeptWithTheirTexts) {
   EXPECT_EQ(effect.parameters()[kMode].items(), (std::vector<std::string>{"One", "Two", "Three"}));
   EXPECT_STREQ(effect.parameters()[kMode].definition.u.pd.u.namesptr, "One|Two|Three");
   EXPECT_EQ(effect.parameters()[kOn].text, "label");
-  EXPECT_FALSE(effect.customUiRegistered());
+  EXPECT_TRUE(effect.customUiRegistered());
 }
 
 TEST_F(InstanceTest, ValuesAreTheRegisteredDefaultsUntilSet) {

@@ -271,6 +271,7 @@ PF_Err paramsSetup(PF_InData* in, PF_OutData* out) {
   PF_ParamDef amount = named(2, PF_Param_FLOAT_SLIDER, "Amount");
   amount.u.fs_d.valid_max = amount.u.fs_d.slider_max = 100;
   amount.u.fs_d.dephault = 50;
+  amount.ui_flags = PF_PUI_CONTROL;
   PF_ParamDef mode = named(3, PF_Param_POPUP, "Mode");
   mode.u.pd.num_choices = 3;
   mode.u.pd.dephault = 2;
@@ -299,7 +300,9 @@ PF_Err paramsSetup(PF_InData* in, PF_OutData* out) {
     if (const PF_Err code = in->inter.add_param(in->effect_ref, index, definition)) return code;
   }
   items = "overwritten";
-  return PF_Err_NONE;
+  PF_CustomUIInfo controls{};
+  controls.events = PF_CustomEFlag_EFFECT;
+  return in->inter.register_ui(in->effect_ref, &controls);
 }
 
 // --- Sequence data ---
@@ -369,6 +372,7 @@ PF_Err event(PF_InData* in, const PF_EventExtra* extra) {
   const Suite<DRAWBOT_DrawbotSuite1> drawings(in, kDRAWBOTDrawSuite, kDRAWBOTDrawSuiteVersion1);
   const Suite<DRAWBOT_SupplierSuite1> suppliers(in, kDRAWBOTSupplierSuite, kDRAWBOTSupplierSuiteVersion1);
   const Suite<DRAWBOT_SurfaceSuite1> surfaces(in, kDRAWBOTSurfaceSuite, kDRAWBOTSurfaceSuiteVersion1);
+  if (!customUi || !drawings || !suppliers || !surfaces) return PF_Err_BAD_CALLBACK_PARAM;
   DRAWBOT_DrawRef drawing = nullptr;
   DRAWBOT_SupplierRef supplier = nullptr;
   DRAWBOT_SurfaceRef surface = nullptr;
