@@ -14,7 +14,7 @@ namespace quiltor::standalone {
 class CheckRun {
  public:
   // `progress` is told what is going on, for whoever reads of a crash.
-  CheckRun(const EffectModule& module, std::function<void(const std::string&)> progress = nullptr);
+  explicit CheckRun(const EffectModule& module, std::function<void(const std::string&)> progress = nullptr);
 
   [[nodiscard]] const EffectModule& module() const { return module_; }
   // A host with three masks, 3, 7 and 8, whose trace says which call the effect is in.

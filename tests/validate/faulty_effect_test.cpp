@@ -52,7 +52,7 @@ TEST_F(FaultyEffect, PassesEveryCheckWhileItIsHonest) {
     const bool applies = report.name.find("dialog") == std::string::npos &&
                          report.name != "refusals-changed-parameter" && report.name != "refusals-control-click";
     EXPECT_EQ(report.verdict, applies ? Verdict::Passed : Verdict::NotApplicable) << report.name;
-    EXPECT_EQ(report.trials > 0, applies) << report.name;
+    EXPECT_TRUE(report.trials > 0 || !applies) << report.name;
   }
 }
 
