@@ -17,7 +17,8 @@ TEST(OpenFile, OpensAPathWithCharactersOutsideAscii) {
   std::FILE* file = openFile(path, "wb");
   ASSERT_NE(file, nullptr);
   std::fclose(file);
-  EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::path(path)));
+  const std::u8string utf8(path.begin(), path.end());
+  EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::path(utf8)));
 }
 
 TEST(OpenFile, GivesNothingForAMissingFile) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "base/scope_guard.h"
+#include "platform/entry_name_windows.h"
 #include "platform/folder.h"
 #include "platform/wide_text_windows.h"
 
@@ -21,12 +22,6 @@ EntryType typeOf(const WIN32_FIND_DATAW& entry) {
   return entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY ? EntryType::Folder : EntryType::File;
 }
 
-// A name that cannot be said stands by its short name, if it has one.
-std::optional<std::string> nameOf(const WIN32_FIND_DATAW& entry) {
-  if (auto name = utf8Text(entry.cFileName)) return name;
-  return *entry.cAlternateFileName ? utf8Text(entry.cAlternateFileName) : std::nullopt;
-}
-
 std::optional<FolderIdentity> identityOf(const std::wstring& path) {
   const HANDLE folder = CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
@@ -39,6 +34,11 @@ std::optional<FolderIdentity> identityOf(const std::wstring& path) {
 }
 
 }  // namespace
+
+std::string entryName(std::wstring_view name, std::wstring_view shortName) {
+  if (auto text = utf8Text(name)) return std::move(*text);
+  return shortName.empty() ? "?" : utf8Text(shortName).value_or("?");
+}
 
 std::optional<FolderContents> readFolder(const std::string& path) {
   if (path.empty()) return std::nullopt;
@@ -55,11 +55,10 @@ std::optional<FolderContents> readFolder(const std::string& path) {
   do {
     const std::wstring_view wide = entry.cFileName;
     if (wide == L"." || wide == L"..") continue;
-    if (auto name = nameOf(entry)) {
-      contents.entries.push_back({std::move(*name), typeOf(entry)});
-    } else {
-      contents.entries.push_back({"?", EntryType::Other});
-    }
+    std::string name = entryName(wide, entry.cAlternateFileName);
+    // No file is called by a question mark.
+    const EntryType type = name == "?" ? EntryType::Other : typeOf(entry);
+    contents.entries.push_back({std::move(name), type});
   } while (FindNextFileW(search, &entry));
   std::sort(contents.entries.begin(), contents.entries.end(),
             [](const FolderEntry& a, const FolderEntry& b) { return a.name < b.name; });

@@ -14,7 +14,7 @@
 namespace quiltor {
 namespace {
 
-constexpr int kTurns = 2000;
+constexpr int kTurns = 200;
 constexpr const char* kNameVariable = "QUILTOR_TEST_MUTEX";
 
 // Memory by a name, for what several processes do between lock() and unlock().

@@ -6,11 +6,13 @@
 #include <unistd.h>
 #endif
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
 
 #include "library/files/folders.h"
+#include "platform/folder.h"
 #include "platform/scratch_folder.h"
 
 namespace quiltor {
@@ -33,8 +35,9 @@ class ListFolder : public testing::Test {
     EXPECT_EQ(listFolder(results, scratch_.path(), options), 0);
     if (options.namesOnly) return results;
     for (std::string& path : results) {
-      EXPECT_TRUE(path.starts_with(scratch_.path() + "/")) << path;
+      EXPECT_TRUE(path.starts_with(scratch_.path() + kPathSeparator)) << path;
       path.erase(0, scratch_.path().size() + 1);
+      std::replace(path.begin(), path.end(), kPathSeparator, '/');
     }
     return results;
   }
@@ -87,7 +90,7 @@ TEST_F(ListFolder, AppendsToTheResults) {
   makeFile("a");
   std::vector<std::string> results = {"before"};
   EXPECT_EQ(listFolder(results, scratch_.path() + "/", {}), 0);
-  EXPECT_THAT(results, ElementsAre("before", scratch_.path("a")));
+  EXPECT_THAT(results, ElementsAre("before", scratch_.path() + "/a"));
 }
 
 TEST_F(ListFolder, GivesMinusOneAndTouchesNothingWhenThereIsNoSuchFolder) {
