@@ -82,7 +82,8 @@ void blurAcross(benchmark::State& state) {
   const int32_t radius = static_cast<int32_t>(state.range(0));
   const TentScale scale(radius, kWidth);
   const PixelRun run = randomRun();
-  BlurScratch scratch(kWidth, 1);
+  std::vector<char> memory(BlurScratch::bytes(kWidth, 1));
+  BlurScratch scratch(kWidth, 1, memory.data());
   BlurLine line(kWidth, radius);
   for (auto _ : state) {
     for (int32_t x = 0; x < kWidth; x += PixelRun::kLength) {
@@ -98,7 +99,8 @@ void blurDown(benchmark::State& state) {
   constexpr int32_t kHeight = 1080, kRows = 34;  // a worker's
   const int32_t radius = static_cast<int32_t>(state.range(0));
   const TentScale scale(radius, kHeight);
-  BlurScratch scratch(PixelRun::kLength, kHeight);
+  std::vector<char> memory(BlurScratch::bytes(PixelRun::kLength, kHeight));
+  BlurScratch scratch(PixelRun::kLength, kHeight, memory.data());
   std::fill_n(scratch.plane(0, 0), size_t{3} * kHeight * PixelRun::kLength, 1 << 20);
   PixelRun run;
   for (auto _ : state) {

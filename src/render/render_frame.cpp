@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cstring>
 
+#include "platform/large_memory.h"
 #include "render/kernels/blur.h"
 #include "render/kernels/blur_plain.h"
 #include "render/kernels/composite.h"
@@ -171,7 +172,8 @@ void blurredPasses(const RenderBlock& block, const FrameState& frame, const Rend
                    int32_t radius) {
   if (radius <= kLargestExactRadius) {
     const TentScale across(radius, frame.width), down(radius, frame.height);
-    BlurScratch scratch(frame.width, frame.height);
+    const LargeMemory memory(BlurScratch::bytes(frame.width, frame.height));
+    BlurScratch scratch(frame.width, frame.height, memory.get());
     if (sampleAndBlurAcrossPass(block, frame, transform.sampling(block), across, scratch)) {
       return blurDownAndCompositePass(block, frame, transform, down, scratch);
     }

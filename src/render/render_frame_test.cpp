@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "description/language/param_index.h"
+#include "platform/large_memory.h"
 #include "render/kernels/blur.h"
 #include "render/kernels/composite.h"
 
@@ -79,7 +80,8 @@ void drawInFourPasses(TestFrame& frame, int32_t radius) {
   });
   if (radius > 0) {
     const TentScale across(radius, kWidth), down(radius, kHeight);
-    BlurScratch scratch(kWidth, kHeight);
+    const LargeMemory memory(BlurScratch::bytes(kWidth, kHeight));
+    BlurScratch scratch(kWidth, kHeight, memory.get());
     BlurLine line(kWidth, radius);
     for (int32_t y = 0; y < kHeight; ++y) {
       for (int32_t x = 0; x < kWidth; x += 100) {

@@ -194,11 +194,21 @@ TentScale::TentScale(int32_t radius, int32_t length) : radius_(radius), scales_(
   }
 }
 
-BlurScratch::BlurScratch(int32_t width, int32_t height)
-    : width_(width),
-      height_(height),
-      planeWidth_((static_cast<size_t>(width) + PixelRun::kLength - 1) / PixelRun::kLength * PixelRun::kLength),
-      steps_(std::make_unique_for_overwrite<int32_t[]>(planeWidth_ * 3 * static_cast<size_t>(height))) {}
+namespace {
+
+// Whole runs.
+size_t planeWidth(int32_t width) {
+  return (static_cast<size_t>(width) + PixelRun::kLength - 1) / PixelRun::kLength * PixelRun::kLength;
+}
+
+}  // namespace
+
+size_t BlurScratch::bytes(int32_t width, int32_t height) {
+  return planeWidth(width) * 3 * static_cast<size_t>(height) * sizeof(int32_t);
+}
+
+BlurScratch::BlurScratch(int32_t width, int32_t height, void* memory)
+    : width_(width), height_(height), planeWidth_(planeWidth(width)), steps_(static_cast<int32_t*>(memory)) {}
 
 BlurLine::BlurLine(int32_t width, int32_t radius)
     : width_(width), radius_(radius), steps_(4 * (static_cast<size_t>(width) + 2 * static_cast<size_t>(radius) + 2)) {}

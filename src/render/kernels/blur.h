@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <vector>
 
 #include "render/kernels/pixel_run.h"
@@ -38,13 +37,15 @@ class TentScale {
 // The horizontally blurred colours of a frame in steps, channel by channel within a row.
 class BlurScratch {
  public:
-  BlurScratch(int32_t width, int32_t height);
+  static size_t bytes(int32_t width, int32_t height);
+  // memory holds that many bytes and outlives this; it is aligned for the vectors.
+  BlurScratch(int32_t width, int32_t height, void* memory);
 
   int32_t width() const { return width_; }
   int32_t height() const { return height_; }
   // A row of one channel; it can be read and written in whole runs.
-  int32_t* plane(int32_t channel, int32_t y) { return steps_.get() + offset(channel, y); }
-  const int32_t* plane(int32_t channel, int32_t y) const { return steps_.get() + offset(channel, y); }
+  int32_t* plane(int32_t channel, int32_t y) { return steps_ + offset(channel, y); }
+  const int32_t* plane(int32_t channel, int32_t y) const { return steps_ + offset(channel, y); }
 
  private:
   size_t offset(int32_t channel, int32_t y) const {
@@ -53,7 +54,7 @@ class BlurScratch {
 
   int32_t width_, height_;
   size_t planeWidth_;
-  std::unique_ptr<int32_t[]> steps_;
+  int32_t* steps_;
 };
 
 // One row of colours in steps, with the blank margins that the filter reaches into.

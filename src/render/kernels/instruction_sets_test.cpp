@@ -102,7 +102,8 @@ TEST(InstructionSets, SampleToTheSameBitsInEveryTileModeOfEveryPicture) {
 // The frame's runs, blurred, one after the other.
 std::vector<float> blurred(const std::vector<float>& pixels, int32_t width, int32_t height, int32_t radius) {
   const TentScale across(radius, width), down(radius, height);
-  BlurScratch scratch(width, height);
+  std::vector<char> memory(BlurScratch::bytes(width, height));
+  BlurScratch scratch(width, height, memory.data());
   const size_t count = static_cast<size_t>(width);
   PixelRun run{};
   BlurLine line(width, radius);
