@@ -26,7 +26,7 @@ failed=0
 while read -r program; do
   name="$(basename "$program" .exe)"
   # Paths that begin with a slash are on the drive of the current folder.
-  (cd "$out" && "$wine" "$program" --gtest_brief=1 --gtest_filter="$filter" --gtest_color=no) >"$out/$name.log" 2>&1 </dev/null || {
+  (cd "$out" && timeout 600 "$wine" "$program" --gtest_brief=1 --gtest_filter="$filter" --gtest_color=no) >"$out/$name.log" 2>&1 </dev/null || {
     failed=$((failed + 1))
     tr -d '\r' <"$out/$name.log" | tail -n 60
     say "windows-test: $name failed"
@@ -44,7 +44,7 @@ comm -23 "$out/all.native" "$out/all.tests" >"$out/native-only"
 comm -13 "$out/all.native" "$out/all.tests" >"$out/windows-only"
 say "windows-test: $(wc -l <"$out/all.native") tests natively, $(wc -l <"$out/all.tests") on Windows:" \
   "$(comm -12 "$out/all.native" "$out/all.tests" | wc -l) on both, $(wc -l <"$out/windows-only") on Windows alone"
-cat windows/native_only_tests.txt
+grep -v '^#' windows/native_only_tests.txt
 diff "$out/excused" "$out/native-only" >"$out/difference" || {
   cat "$out/difference" >&2
   say "windows-test: these tests do not run on Windows (>), or do though windows/native_only_tests.txt has them (<)" >&2
