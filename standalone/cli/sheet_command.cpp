@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -15,6 +14,7 @@
 #include "standalone/cli/library_lookup.h"
 #include "standalone/cli/line_text.h"
 #include "standalone/cli/near_miss.h"
+#include "standalone/cli/number_order.h"
 #include "standalone/cli/progress_bar.h"
 #include "standalone/library/image_folders.h"
 #include "standalone/sheet/contact_sheet.h"
@@ -35,10 +35,7 @@ PatternImage thumbnailOf(const std::string& path) {
 std::string shownName(const std::string& path) { return std::filesystem::path(path).stem().string(); }
 
 // The hundredth pattern of a file comes behind the others and not between the tenth and the eleventh.
-void sortByNumbers(std::vector<std::string>& paths) {
-  std::ranges::sort(paths,
-                    [](const std::string& a, const std::string& b) { return strverscmp(a.c_str(), b.c_str()) < 0; });
-}
+void sortByNumbers(std::vector<std::string>& paths) { std::ranges::sort(paths, comesBefore); }
 
 ContactSheet sheetOf(const Library& library, const std::vector<std::string>& images, const Console& console) {
   ContactSheet sheet{displayName(library), counted(images.size(), "picture"), {}};
