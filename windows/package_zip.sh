@@ -5,17 +5,13 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 version="$(sed -nE 's/^project\(Quiltor VERSION ([0-9.]+) .*/\1/p' CMakeLists.txt)"
-moment="$(git log -1 --format=%cI)"
+moment="@$(git log -1 --format=%ct)"
 readonly version moment name="Quiltor-$version-win64"
 readonly sources=build/windows-dependencies/sources
 readonly folder="build/package/$name"
 
-# licence NAME FILE...
-licence() {
-  local name=$1
-  shift
-  cat "$@" >"$folder/licences/$name.txt"
-}
+# licence LIBRARY FILE...
+licence() { cat "${@:2}" >"$folder/licences/$1.txt"; }
 
 rm -rf build/package
 mkdir -p "$folder/licences" dist
@@ -33,7 +29,9 @@ done
 rm -f "dist/$name.zip"
 (
   cd build/package
-  find "$name" -type f | LC_ALL=C sort >files
-  cmake -E tar cf "../../dist/$name.zip" --format=zip --mtime="$moment" --files-from=files
+  export TZ=UTC
+  find "$name" -exec touch --date="$moment" {} +
+  # Without the times and owners that only this system knows.
+  find "$name" -type f | LC_ALL=C sort | zip -X -q -@ "../../dist/$name.zip"
 )
 printf 'packed: dist/%s.zip\n' "$name"
