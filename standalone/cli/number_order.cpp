@@ -28,7 +28,7 @@ bool comesBefore(std::string_view a, std::string_view b) {
   while (!restOfA.empty() && !restOfB.empty()) {
     if (isDigit(restOfA.front()) && isDigit(restOfB.front())) {
       const auto order = compareNumbers(takeNumber(restOfA), takeNumber(restOfB));
-      if (order != 0) return order < 0;
+      if (std::is_neq(order)) return std::is_lt(order);
       continue;
     }
     if (restOfA.front() != restOfB.front()) {
