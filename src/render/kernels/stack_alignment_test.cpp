@@ -33,8 +33,8 @@ TEST(StackAlignment, IsNotTakenForGrantedByAnyInstructionSet) {
       compositeRun(run, channels.data(), ChannelType::Float, {.mode = mode, .opacity = 0.5}, kPixels, row.data());
     }
   };
-  const std::array<void (*)(const std::function<void()>&), 5> depths = {
-      callDeeper<16>, callDeeper<32>, callDeeper<48>, callDeeper<64>, callDeeper<80>};
+  const std::array<void (*)(const std::function<void()>&), 5> depths = {callDeeper<16>, callDeeper<32>, callDeeper<48>,
+                                                                        callDeeper<64>, callDeeper<80>};
   for (int64_t sets = hwy::SupportedTargets() & (HWY_SSE4 | HWY_AVX2 | HWY_AVX3); sets != 0; sets &= sets - 1) {
     hwy::SetSupportedTargetsForTest(sets & -sets);
     for (const auto callAtDepth : depths) {
