@@ -32,7 +32,8 @@ class LibraryScanTest : public testing::Test {
     const std::string folder = data_.path("Textures");
     for (const Library& library : findLibraries(settings_).libraries) {
       std::string line = listLine(library);
-      if (const size_t found = line.find(folder); found != std::string::npos) line.replace(found, folder.size(), 1, 'T');
+      if (const size_t found = line.find(folder); found != std::string::npos)
+        line.replace(found, folder.size(), 1, 'T');
       lines.push_back(line);
     }
     return lines;
