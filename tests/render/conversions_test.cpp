@@ -98,7 +98,7 @@ class Conversions : public RenderTest, public testing::WithParamInterface<WorldF
     EXPECT_TRUE(instance.setUp().succeeded());
     instance.setChoice(kSource, 1);
     instance.setPointPercent(9, 50, 50);
-    instance.setPath(15, mask);
+    instance.setPath(kMask, mask);
     instance.adjust(kPatternLayer, [&](PF_ParamDef& layer, A_long, A_u_long) { layer.u.ld = tightPattern.record(); });
     Instance::ParamArray params = instance.params(&input);
     params[0].u.ld = tightInput.record();

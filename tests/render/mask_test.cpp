@@ -16,7 +16,6 @@ using standalone::Instance;
 using standalone::Mask;
 using standalone::RenderResult;
 
-constexpr int kMask = 15;
 constexpr Rgba kInput{0.2, 0.4, 0.6, 1}, kPattern{1, 0, 0.8, 1};
 
 Mask rectangle(int id, double left, double top, double right, double bottom) {
@@ -42,6 +41,15 @@ class MaskRender : public RenderTest {
     EXPECT_EQ(result.code, PF_Err_NONE);
     EXPECT_EQ(result.message, "");
     return result.output ? std::move(*result.output) : filled(width, height, {}, format);
+  }
+
+  // A frame of 8 x 8 pixels at a place inside the layer.
+  World maskedAt(int x, int y, WorldFormat format) {
+    World input = filled(8, 8, kInput, format);
+    input.setOrigin(x, y);
+    RenderResult result = render(1, input);
+    EXPECT_EQ(result.code, PF_Err_NONE);
+    return result.output ? std::move(*result.output) : filled(8, 8, {}, format);
   }
 
   static void expectDrawn(const World& picture, int x, int y) {
@@ -125,6 +133,37 @@ TEST_F(MaskRender, HalvesTheFeatherAtHalfTheResolution) {
   EXPECT_EQ(half.packed(), small.packed());
 }
 
+TEST_F(MaskRender, ScalesTheFeatherOfEachAxisByTheResolutionOfThatAxis) {
+  for (const bool across : {true, false}) {
+    host.options().downsampleX = host.options().downsampleY = {1, 1};
+    host.options().masks = {rectangle(1, -50, -50, 16, 16)};
+    Mask& mask = host.options().masks[0];
+    (across ? mask.featherX : mask.featherY) = 5;
+    const World small = masked(1, 32, 32, WorldFormat::ArgbFloat);
+    mask = rectangle(1, -200, -100, 64, 32);
+    (across ? mask.featherX : mask.featherY) = across ? 20 : 10;
+    host.options().downsampleX = {1, 4};
+    host.options().downsampleY = {1, 2};
+    EXPECT_EQ(masked(1, 32, 32, WorldFormat::ArgbFloat).packed(), small.packed()) << (across ? "across" : "down");
+  }
+}
+
+TEST_F(MaskRender, TakesPathAndFeatherAtTheTimeOfTheFrame) {
+  host.options().currentTime = 50;
+  host.options().timeScale = 25;
+  host.options().maskAt = [](const Mask& mask, double seconds) {
+    Mask moved = rectangle(mask.id, 0, 0, 8 + 4 * seconds, 8);
+    moved.featherX = 4 * seconds;
+    return moved;
+  };
+  host.options().masks = {rectangle(1, 0, 0, 1, 1)};
+  const World moving = masked(1, 32, 8, WorldFormat::ArgbFloat);
+  host.options().maskAt = nullptr;
+  host.options().masks = {rectangle(1, 0, 0, 16, 8)};
+  host.options().masks[0].featherX = 8;
+  EXPECT_EQ(moving.packed(), masked(1, 32, 8, WorldFormat::ArgbFloat).packed());
+}
+
 TEST_F(MaskRender, LimitsALayerOfOnePixelAtAnyResolution) {
   host.options().masks = {rectangle(1, -9, -9, 9, 9), rectangle(2, 50, 50, 60, 60)};
   host.options().downsampleX = host.options().downsampleY = {1, 2};
@@ -171,6 +210,53 @@ TEST_F(MaskRender, PlacesTheMatteOfAPartByTheResolutionInEightBitsOnly) {
     ASSERT_TRUE(result.output.has_value());
     ASSERT_EQ(result.output->width(), 8);
     for (int x = 0; x < 8; ++x) EXPECT_EQ(isWholeAt(*result.output, x, 2), x < inside) << x;
+  }
+}
+
+TEST_F(MaskRender, PlacesTheMatteOfAPartByTheResolutionOfEachAxis) {
+  // Six columns and nine rows of the frame.
+  host.options().masks = {rectangle(1, 0, 0, 24, 18)};
+  host.options().downsampleX = {1, 4};
+  host.options().downsampleY = {1, 2};
+  struct Inside {
+    WorldFormat format;
+    int columns, rows;
+  };
+  for (const auto& [format, columns, rows] :
+       {Inside{WorldFormat::Argb8, 5, 7}, {WorldFormat::Argb16, 2, 5}, {WorldFormat::ArgbFloat, 2, 5}}) {
+    World input = filled(16, 16, kInput, format);
+    const RenderResult result = render(1, input, PF_LRect{4, 4, 12, 12});
+    ASSERT_TRUE(result.output.has_value());
+    for (int y = 0; y < 8; ++y) {
+      for (int x = 0; x < 8; ++x) EXPECT_EQ(isWholeAt(*result.output, x, y), x < columns && y < rows) << x << " " << y;
+    }
+  }
+}
+
+TEST_F(MaskRender, TakesTheMattesFirstColumnAndRowForWhatLiesBeforeThem) {
+  host.options().masks = {rectangle(1, 1, 1, 4, 3)};
+  for (const WorldFormat format : {WorldFormat::Argb8, WorldFormat::Argb16, WorldFormat::ArgbFloat}) {
+    const World picture = maskedAt(-3, -5, format);
+    for (int y = 0; y < 8; ++y) {
+      for (int x = 0; x < 8; ++x) {
+        EXPECT_EQ(isWholeAt(picture, x, y), x >= 1 && x < 4 && y >= 6) << x << " " << y;
+      }
+    }
+  }
+}
+
+TEST_F(MaskRender, TakesTheMattesLastColumnAndRowForWhatLiesBehindThem) {
+  host.options().downsampleX = {1, 4};
+  host.options().downsampleY = {1, 2};
+  for (const WorldFormat format : {WorldFormat::Argb8, WorldFormat::Argb16, WorldFormat::ArgbFloat}) {
+    for (const bool inside : {true, false}) {
+      // Up to the layer's end, and up to the pixel before it.
+      host.options().masks = {inside ? rectangle(1, 28, 14, 32, 16) : rectangle(1, 0, 0, 28, 14)};
+      const World picture = maskedAt(100, 100, format);
+      for (int y = 0; y < 8; ++y) {
+        for (int x = 0; x < 8; ++x) EXPECT_EQ(isWholeAt(picture, x, y), inside) << x << " " << y;
+      }
+    }
   }
 }
 

@@ -24,6 +24,7 @@ enum Param : int {
   kTintColor = 12,
   kTintOpacity = 13,
   kBlur = 14,
+  kMask = 15,
 };
 
 // A test that renders. The module is set up.

@@ -19,6 +19,7 @@ class TurnRender : public RenderTest {
   bool hearsOfDuringAnothersTurn(const std::string& suite, std::chrono::seconds patience) {
     standalone::Instance instance(effect);
     EXPECT_TRUE(instance.setUp().succeeded());
+    for (const standalone::Mask& mask : host.options().masks) instance.setPath(kMask, static_cast<PF_PathID>(mask.id));
     World input(WorldFormat::Argb8, 4, 4);
     std::promise<void> heard;
     bool told = false;
@@ -41,6 +42,11 @@ class TurnRender : public RenderTest {
 
 TEST_F(TurnRender, ReadsTheLayerWhileItStillWaits) {
   EXPECT_TRUE(hearsOfDuringAnothersTurn("AEGP Stream Suite", std::chrono::seconds(30)));
+}
+
+TEST_F(TurnRender, ReadsTheMaskWhileItStillWaits) {
+  host.options().masks = {{.id = 1, .vertices = {{0, 0}, {4, 0}, {0, 4}}}};
+  EXPECT_TRUE(hearsOfDuringAnothersTurn("AEGP Layer Mask Suite", std::chrono::seconds(30)));
 }
 
 TEST_F(TurnRender, TouchesNoPictureWhileItStillWaits) {

@@ -17,8 +17,6 @@ using standalone::Instance;
 using standalone::Mask;
 using standalone::RenderResult;
 
-constexpr int kMask = 15;
-
 // What the video editor makes of a frame of the compositing application.
 RenderCase blueFirst(RenderCase frame) {
   const bool bytes = standalone::bytesPerPixel(frame.input.format()) == 4;
