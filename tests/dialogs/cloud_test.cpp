@@ -94,7 +94,7 @@ TEST_F(CloudTest, DamagedManifestsShowNothing) {
 
 TEST_F(CloudTest, DeepManifestsAreRead) {
   putImage(component("a.png"));
-  for (const size_t depth : {50, 20000}) {
+  for (const size_t depth : {size_t{50}, size_t{20000}}) {
     std::string nested = element("pattern", "a.png");
     std::string opening, closing;
     for (size_t i = 0; i < depth; ++i) {
