@@ -14,9 +14,10 @@ using testing::HasSubstr;
 TEST_F(CommandLineTest, asksForACommand) {
   const Outcome outcome = run({});
   EXPECT_EQ(outcome.status, 2);
-  EXPECT_EQ(outcome.err,
-            "quiltor: expected a command: render, convert, library, gallery, settings, panel, params or about; --help "
-            "explains them\n");
+  EXPECT_EQ(
+      outcome.err,
+      "quiltor: expected a command: render, convert, library, gallery, settings, panel, validate, params or about; "
+      "--help explains them\n");
 }
 
 TEST_F(CommandLineTest, suggestsTheCommandThatWasNearlyTyped) {
