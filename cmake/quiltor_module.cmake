@@ -44,9 +44,10 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 #
 # Makes the static library quiltor_render_kernels (an interface library without SOURCES) and, with TESTS, the program
 # render_kernels_test, which links the module and nothing above it. TEST_LIBRARIES are linked to that program only.
+# No other test runs beside those that the patterns after ALONE name.
 # Sources and tests whose names end in _posix, _posix_test and so on are for that system only.
 function(quiltor_module name)
-  cmake_parse_arguments(arg "" "" "USES;LIBRARIES;SOURCES;TESTS;TEST_LIBRARIES" ${ARGN})
+  cmake_parse_arguments(arg "" "" "USES;LIBRARIES;SOURCES;TESTS;TEST_LIBRARIES;ALONE" ${ARGN})
   list(FILTER arg_SOURCES EXCLUDE REGEX "_${QUILTOR_OTHER_SYSTEM}[.]cpp$")
   list(FILTER arg_TESTS EXCLUDE REGEX "_${QUILTOR_OTHER_SYSTEM}_test[.]cpp$")
   string(REPLACE "/" "_" target "${name}")
@@ -72,7 +73,15 @@ function(quiltor_module name)
     if(CMAKE_CROSSCOMPILING)
       set_property(GLOBAL APPEND PROPERTY QUILTOR_TEST_PROGRAMS "$<TARGET_FILE:${target}_test>")
     else()
-      gtest_discover_tests(${target}_test TEST_PREFIX "${name}: " DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+      set(others "")
+      if(arg_ALONE)
+        list(JOIN arg_ALONE ":" alone)
+        gtest_discover_tests(${target}_test TEST_PREFIX "${name}: " DISCOVERY_TIMEOUT 60 TEST_FILTER "${alone}"
+                             TEST_LIST ${target}_alone PROPERTIES TIMEOUT 300 RUN_SERIAL ON)
+        set(others TEST_FILTER "-${alone}")
+      endif()
+      gtest_discover_tests(${target}_test TEST_PREFIX "${name}: " DISCOVERY_TIMEOUT 60 ${others}
+                           PROPERTIES TIMEOUT 300)
     endif()
   endif()
   file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")

@@ -130,6 +130,20 @@ class Conversions : public RenderTest, public testing::WithParamInterface<WorldF
     }
     return picture.packed();
   }
+
+  // The common part in the input's colours, nothing around it, and no alpha at all.
+  static std::vector<unsigned char> leftOut(const Shape& shape) {
+    const World input = counted(GetParam(), shape.input, 0.125);
+    World picture(GetParam(), shape.output.width, shape.output.height);
+    picture.clear();
+    for (int y = 0; y < std::min(shape.input.height, shape.output.height); ++y) {
+      for (int x = 0; x < std::min(shape.input.width, shape.output.width); ++x) {
+        const standalone::Rgba color = input.at(x, y);
+        picture.set(x, y, {color.r, color.g, color.b, 0});
+      }
+    }
+    return picture.packed();
+  }
 };
 
 std::vector<Shape> shapes() {
@@ -158,10 +172,13 @@ TEST_P(Conversions, StayInsideWorldsOfEverySizeAndGiveTheSamePictureHoweverRowsL
 }
 
 TEST_P(Conversions, StayInsideWorldsOfEverySizeWhenAMaskLimitsThem) {
-  host.options().masks = {{.id = 1, .vertices = {{-90, -90}, {90, -90}, {90, 90}, {-90, 90}}}};
+  host.options().suitesAlsoOffered = suitesOfMasks();
+  constexpr PF_PathID kAroundAll = 1, kAside = 2;
+  host.options().masks = {{.id = kAroundAll, .vertices = {{-90, -90}, {90, -90}, {90, 90}, {-90, 90}}},
+                          {.id = kAside, .vertices = {{90, 90}, {99, 90}, {99, 99}, {90, 99}}}};
   for (const Shape& shape : shapes()) {
-    // Everything is inside the mask.
-    EXPECT_EQ(draw(shape, {8, true}, {4, false}, 1), expected(shape));
+    EXPECT_EQ(draw(shape, {8, true}, {4, false}, kAroundAll), expected(shape));
+    EXPECT_EQ(draw(shape, {8, true}, {4, false}, kAside), leftOut(shape));
   }
 }
 

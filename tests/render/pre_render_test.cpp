@@ -9,6 +9,8 @@
 namespace quiltor::render_tests {
 namespace {
 
+using standalone::HostCall;
+
 using Rect = std::array<A_long, 4>;
 
 Rect rectOf(const PF_LRect& r) { return {r.left, r.top, r.right, r.bottom}; }
@@ -104,9 +106,20 @@ TEST_F(PreRender, StopsAtTheFirstCheckOutThatFails) {
     host_.log.clear();
     host_.failing = failing;
     output_ = {};
+    host.faults().failNever();
     EXPECT_EQ(preRender(), 42);
     EXPECT_EQ(host_.log.size(), static_cast<size_t>(failing) + 1);
+    // The source's, which lies between the input and the pattern.
+    EXPECT_EQ(host.faults().count(HostCall::CheckoutParam), failing == 0 ? 0u : 1u);
   }
+}
+
+TEST_F(PreRender, StopsAtTheFirstValueThatTheHostRefuses) {
+  host.faults().failAt(HostCall::CheckoutParam, 0);
+  EXPECT_EQ(preRender(), PF_Err_BAD_CALLBACK_PARAM);
+  EXPECT_EQ(host.faults().count(HostCall::CheckoutParam), 1u);
+  // The input's, which comes before all values.
+  EXPECT_EQ(host_.log.size(), 1u);
 }
 
 TEST_F(PreRender, TakesTheInputsRectangleWhenTheHostProposesNone) {

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "hostapi/suites_aegp.h"
+#include "hostapi/suites_pf.h"
 #include "tests/render/jpeg_file.h"
 #include "tests/support/flat_sequence.h"
 #include "tests/support/png_file.h"
@@ -10,6 +12,17 @@ namespace quiltor::render_tests {
 
 using standalone::Instance;
 using standalone::RenderResult;
+
+const std::set<std::pair<std::string, int>>& suitesOfMasks() {
+  static const std::set<std::pair<std::string, int>> suites{{kAEGPPFInterfaceSuite, kAEGPPFInterfaceSuiteVersion1},
+                                                            {kAEGPLayerMaskSuite, kAEGPLayerMaskSuiteVersion6},
+                                                            {kPFPathQuerySuite, kPFPathQuerySuiteVersion1},
+                                                            {kPFPathDataSuite, kPFPathDataSuiteVersion1},
+                                                            {kAEGPStreamSuite, kAEGPStreamSuiteVersion9},
+                                                            {kPFFillMatteSuite, kPFFillMatteSuiteVersion2},
+                                                            {kAEGPMaskSuite, kAEGPMaskSuiteVersion1}};
+  return suites;
+}
 
 std::string RenderTest::writePattern(RenderCase& frame) {
   const FilePixels& file = frame.file;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <set>
 #include <string>
+#include <utility>
 
 #include "standalone/host/frame.h"
 #include "tests/render/expected_picture.h"
@@ -26,6 +28,9 @@ enum Param : int {
   kBlur = 14,
   kMask = 15,
 };
+
+// Names and versions of the suites without which no mask limits a frame. The video editor offers none of them.
+[[nodiscard]] const std::set<std::pair<std::string, int>>& suitesOfMasks();
 
 // A test that renders. The module is set up.
 class RenderTest : public testing_support::EffectTest {

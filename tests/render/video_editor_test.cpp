@@ -132,13 +132,7 @@ TEST_F(VideoEditorRender, DrawsUnlimitedWithoutTheSuitesThatMasksNeed) {
 }
 
 TEST_F(VideoEditorRender, LimitsThePatternWhereTheSuitesThatMasksNeedAreOffered) {
-  const std::vector<std::pair<std::string, int>> needed{{kAEGPPFInterfaceSuite, kAEGPPFInterfaceSuiteVersion1},
-                                                        {kAEGPLayerMaskSuite, kAEGPLayerMaskSuiteVersion6},
-                                                        {kPFPathQuerySuite, kPFPathQuerySuiteVersion1},
-                                                        {kPFPathDataSuite, kPFPathDataSuiteVersion1},
-                                                        {kAEGPStreamSuite, kAEGPStreamSuiteVersion9},
-                                                        {kPFFillMatteSuite, kPFFillMatteSuiteVersion2},
-                                                        {kAEGPMaskSuite, kAEGPMaskSuiteVersion1}};
+  const std::vector needed(suitesOfMasks().begin(), suitesOfMasks().end());
   for (const WorldFormat format : {WorldFormat::Bgra8, WorldFormat::BgraFloat}) {
     World input = filled(8, 6, {0.2, 0.4, 0.6, 1}, format);
     // With all of them, and with each of them but one.
