@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstddef>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <set>
 #include <sstream>
 #include <thread>
 
@@ -16,14 +15,19 @@ namespace {
 
 using Entries = std::filesystem::directory_iterator;
 
-std::size_t threadCount() { return static_cast<std::size_t>(std::distance(Entries("/proc/self/task"), Entries())); }
+std::set<std::string> threadIds() {
+  std::set<std::string> ids;
+  for (const auto& entry : Entries("/proc/self/task")) ids.insert(entry.path().filename().string());
+  return ids;
+}
 
-void waitForThreads(std::size_t count) {
+// The conversion runs on a thread of its own, which nobody joins.
+void waitForOtherThreadsThan(const std::set<std::string>& known) {
   const auto end = std::chrono::steady_clock::now() + std::chrono::minutes(2);
-  while (threadCount() > count && std::chrono::steady_clock::now() < end) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  while (!std::ranges::includes(known, threadIds())) {
+    if (std::chrono::steady_clock::now() > end) FAIL() << "the conversion does not end";
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
-  EXPECT_LE(threadCount(), count) << "the conversion does not end";
 }
 
 void makeFolderOf(const std::string& path) {
@@ -78,16 +82,19 @@ DialogsTest::Opened DialogsTest::open(const std::string& steps, Complaints expec
   options.steps = steps;
   options.out = &printed;
   standalone::Dialogs dialogs(options);
+  std::set<std::string> threads = threadIds();
   host.options().runScript = [&](const std::string& script) {
     opened.ran = true;
+    waitForOtherThreadsThan(threads);
     standalone::ScriptOutcome outcome = dialogs.run(script);
+    // The dialogs may have started some that stay.
+    threads = threadIds();
     opened.result = outcome.result;
     return outcome;
   };
-  const std::size_t threads = threadCount();
   deed(opened);
   host.options().runScript = nullptr;
-  waitForThreads(threads);
+  waitForOtherThreadsThan(threads);
   opened.printed = printed.str();
   opened.complaints = dialogs.complaints();
   if (expected == Complaints::NotExpected) {

@@ -45,7 +45,8 @@ class DialogsTest : public InstanceTest {
   };
   enum class Complaints { NotExpected, Expected };
 
-  // A click on the pattern control. Returns when the conversion that it may start has ended.
+  // A click on the pattern control. The conversion that it may start ends before the dialog opens, so that what the
+  // dialog shows does not depend on the machine's load, and one that the dialog asks for ends before this returns.
   Opened click(const std::string& steps, Complaints expected = Complaints::NotExpected);
   // The button of the effect that opens the settings.
   Opened openSettings(const std::string& steps);
