@@ -24,8 +24,9 @@ bool holds(std::string_view text, std::string_view mark) {
 std::size_t nameKeyOfLibrary(std::string_view text) {
   const std::size_t mark = text.find(kLibraryMark);
   const std::size_t behind = text.find(kNameKey, mark);
-  // Another entry begins before the name: the library's own stands in front.
-  return text.find('{', mark) < behind ? text.rfind(kNameKey, mark) : behind;
+  // Another entry begins before the name, or there is none: the library's own stands in front.
+  const bool isInFront = behind == std::string_view::npos || text.find('{', mark) < behind;
+  return isInFront ? text.rfind(kNameKey, mark) : behind;
 }
 
 class StringValue {

@@ -17,6 +17,12 @@ TEST(CloudManifest, NamesItsLibraryInFrontOfTheMarkWhenAnotherEntryBeginsBehind)
             "Walls");
 }
 
+TEST(CloudManifest, NamesItsLibraryInFrontOfTheMarkWhenNoNameStandsBehind) {
+  EXPECT_EQ(cloudLibraryName(R"({"children":[{"name":"Brick","type":"pattern+dcx"}],
+                                 "name":"Walls","type":"library+dcx"})"),
+            "Walls");
+}
+
 TEST(CloudManifest, WithoutPatternsHasNoName) {
   EXPECT_EQ(cloudLibraryName(R"({"name":"Walls","type":"library+dcx"})"), std::nullopt);
   EXPECT_EQ(cloudLibraryName(R"({"name":"Brick","type":"pattern+dcx"})"), std::nullopt);
