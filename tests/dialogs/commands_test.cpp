@@ -71,6 +71,26 @@ TEST_F(GalleryCommands, RefreshThatFindsNothingClosesTheGallery) {
   EXPECT_EQ(opened.result, "*UPD");
 }
 
+// The items of the old list mean nothing in the new one, which may be shorter or in another order.
+TEST_F(GalleryCommands, RefreshOfALibraryWithoutAFolderThatFindsNothingClosesTheGallery) {
+  putList({"only"});
+  const Opened opened = click(
+      "click \"Refresh\"\n"
+      "expect alert \"No paths found, please open the config dialog and set them!\"\n"
+      "expect no alert\nexpect closed\n");
+  EXPECT_EQ(opened.result, "*UPD");
+}
+
+TEST_F(GalleryCommands, RefreshOfALibraryWithoutAFolderSelectsTheFirst) {
+  putImage(outside("/a/a.png"));
+  putImage(outside("/b/b.png"));
+  putList({"x**/nowhere", "only"});
+  put(shared("config.txt"), "addFolder1: " + outside() + "\r\n");
+  click(
+      "choose dropdownlist \"[only] \"\nclick \"Refresh\"\nexpect dropdownlist items 2\n"
+      "expect dropdownlist selected \"[Outside] a\"\nexpect iconbutton#2 hidden\nclose\nexpect no alert\n");
+}
+
 TEST_F(GalleryCommands, RefreshTellsWhenTheListCannotBeWritten) {
   put(shared("config.txt"), "addFolder1: " + outside() + "\r\n");
   const std::string before = list();

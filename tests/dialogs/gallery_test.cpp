@@ -48,6 +48,16 @@ TEST_F(GalleryTest, OpensWhereThereIsAList) {
   EXPECT_EQ(opened.outFlags & PF_OutFlag_FORCE_RERENDER, 0);
 }
 
+TEST_F(GalleryTest, SetsItsRowsApart) {
+  putList({line()});
+  const Opened opened = click("expect @row_0\nexpect @row_4\ntree\nclose\n");
+  // Seven buttons of 50 by 50, six gaps and two margins of 5.
+  for (int row = 0; row < 5; ++row) {
+    EXPECT_THAT(opened.printed,
+                testing::ContainsRegex("group @row_" + std::to_string(row) + " [0-9]+,[0-9]+ 390x60\n"));
+  }
+}
+
 // The number of images, of pages, and how many are shown on the last.
 struct Pages {
   int images, pages, onLast;

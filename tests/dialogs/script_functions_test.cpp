@@ -123,5 +123,19 @@ TEST_F(GalleryScript, SpeaksOfPathsAsWindowsDoes) {
             "T\xC3\xA4x**" + path + "\r\nT\xC3\xA4x*sub*" + path + "\\sub\r\n");
 }
 
+// The path of a drive alone ends in a separator, and that of a folder does not.
+TEST_F(GalleryScript, ImportsAWholeDrive) {
+  const std::string gallery = script(), import = folder.path("windows/c/ProgramData/Quiltor/Import");
+  putImage(folder.path("windows/e/a.png"));
+  putImage(folder.path("windows/e/sub/b.png"));
+  put(folder.path("windows/c/Users/user/AppData/Roaming/Quiltor/libpaths.txt"), "Old**C:\\nowhere\r\n");
+  run({gallery}, "option windows-names \"" + folder.path("windows") + "\"\nanswer \"" + folder.path("windows/e") +
+                     "\"\nclick \"Import folder\"\nexpect no alert\nexpect dropdownlist items 2\n"
+                     "expect dropdownlist selected \"[Quiltor] Import | E\"\nclose\n");
+  EXPECT_THAT(namesIn(import), ElementsAre("E"));
+  EXPECT_THAT(namesIn(import + "/E"), ElementsAre("a.png", "sub"));
+  EXPECT_THAT(namesIn(import + "/E/sub"), ElementsAre("b.png"));
+}
+
 }  // namespace
 }  // namespace quiltor

@@ -141,10 +141,23 @@ test("a cloud library's name stands behind its mark or in front of it", () => {
   for (const damaged of ["", ":", ":\"", ": 7", ":\"Walls", ":\"Walls\\", ":\"\\u12"]) {
     assert.equal(checkCloudName(`[pattern+dcx library+dcx "name"${damaged}`), undefined, damaged);
   }
+  assert.equal(checkCloudName("{\"children\":[{\"name\":\"Brick\",\"type\":\"pattern+dcx\"}],\"name\":\"Walls\","
+    + "\"type\":\"library+dcx\"}"), "Walls", "with nothing behind the mark");
   assert.equal(checkCloudName("x"), undefined);
   assert.equal(checkCloud(library("Walls")), true);
   assert.equal(checkCloud("{\"type\":\"library+dcx\"}"), false);
   assert.equal(checkCloud("library+dcx pattern+dcx"), false, "a mark at the very beginning does not count");
+});
+
+test("a manifest beyond 32 megabytes is not read", () => {
+  const data = newData();
+  const { readJsonFile } = loadDialog("gallery", data);
+  const path = join(data, "manifest");
+  put(path, library("Walls"));
+  fs.truncateSync(path, 33554432);
+  assert.equal(readJsonFile(path).length, 33554432);
+  fs.truncateSync(path, 33554433);
+  assert.equal(readJsonFile(path).length, 0);
 });
 
 test("the images of a cloud library are its patterns' primary files", () => {
@@ -212,6 +225,54 @@ test("the gallery is moved into the screen that it begins on", () => {
   assert.deepEqual(moved(100, 100), [0, 40], "a screen that is too small shows the beginning");
 });
 
+// As hosts are said to be: pictures are loaded when they are assigned, and nothing takes them away again.
+class IconButton {
+  shown = [];
+  drawn = [];
+  size = [50, 50];
+  graphics = {
+    drawOSControl: () => this.drawn.push("control"),
+    drawImage: (picture, ...place) => this.drawn.push(picture.pathname, place),
+  };
+  set visible(value) { this.shown.push(value); }
+  get image() { return this.loaded; }
+  set image(file) {
+    if (file === undefined) throw new Error("Invalid image data");
+    if (fs.readFileSync(file.fsName, "utf8") !== "picture") throw new Error("Invalid image data");
+    this.loaded = { pathname: file.fsName };
+  }
+}
+
+test("a button shows its own picture and never that of the page before", () => {
+  const data = newData();
+  const script = loadDialog("gallery", data);
+  const path = (name) => join(data, name);
+  put(path("a.png"), "picture");
+  put(path("b.png"), "damaged");
+  put(path("c.png"), "picture");
+  put(script.thumbnailPath(path("c.png")), "damaged");
+  put(path("d.png"), "damaged");
+  put(script.thumbnailPath(path("d.png")), "picture");
+  const button = new IconButton();
+  const shown = (name) => {
+    Object.assign(button, { shown: [], drawn: [] });
+    script.showImage(button, name === "" ? "" : path(name));
+    script.drawThumbnail.call(button);
+    return button.drawn;
+  };
+  const whole = [0, 0, 50, 50];
+  assert.deepEqual(plain(shown("a.png")), ["control", path("a.png"), whole]);
+  assert.deepEqual(button.shown, [false, true], "hidden and shown, it is drawn again");
+  assert.deepEqual(shown("b.png"), ["control"]);
+  assert.deepEqual([button.path, button.shown], [path("b.png"), [false, true]]);
+  assert.deepEqual(plain(shown("c.png")), ["control", path("c.png"), whole]);
+  assert.deepEqual(plain(shown("d.png")), ["control", script.thumbnailPath(path("d.png")), whole]);
+  assert.deepEqual(shown("missing.png"), ["control"]);
+  assert.deepEqual(button.shown, [false, true]);
+  assert.deepEqual(shown(""), ["control"]);
+  assert.deepEqual([button.path, button.shown], ["", [false]]);
+});
+
 // --- settings and the list ---
 
 const keys = ["baseFolder", "addFolder1", "addFolder2", "addFolder3", "addFolder4", "loadFromCloud", "copyOnImport",
@@ -276,6 +337,31 @@ test("a file that cannot be written stays as it was", () => {
   }
 });
 
+test("a file whose new text cannot have its name is copied, and else the new text stays beside it", () => {
+  const data = newData();
+  const path = join(data, "user/file.txt");
+  const save = (answers) => {
+    const script = loadDialog("settings", data);
+    script.File = class extends File {};
+    Object.assign(script.File.prototype, answers);
+    return script.saveText(path, "after\n");
+  };
+  const files = () => fs.readdirSync(dirname(path)).filter((name) => name.startsWith("file"));
+  const refused = () => false;
+  const half = (target) => { fs.writeFileSync(target.fsName, "af"); return false; };
+  put(path, "before");
+  assert.equal(save({ rename: refused }), true);
+  assert.equal(fs.readFileSync(path, "utf8"), "after\r\n");
+  assert.deepEqual(files(), ["file.txt"]);
+  assert.equal(save({ rename: refused, copy: half }), false);
+  assert.deepEqual(files(), ["file.txt.part"]);
+  assert.equal(fs.readFileSync(`${path}.part`, "utf8"), "after\r\n");
+  assert.equal(save({ rename: refused, copy: half }), false);
+  assert.deepEqual(files(), [], "nothing was lost where nothing was before");
+  assert.equal(save({}), true);
+  assert.deepEqual(files(), ["file.txt"]);
+});
+
 function found(data, config) {
   const script = loadDialog("gallery", data);
   Object.assign(script.config, { loadFromCloud: false }, config);
@@ -307,6 +393,17 @@ test("folders give libraries by what they hold", () => {
     ["Tex tures", "wood", "/Tex tures/wood"],
     ["wood", "oak", "/Tex tures/wood/oak"],
   ]);
+});
+
+test("names that differ in their case alone have an order", () => {
+  const data = newData();
+  const { compareEntries } = loadDialog("gallery", data);
+  const names = ["b", "a.png", "A.png", "B", "A.PNG", "\u00e4"];
+  const entries = names.map((name) => ({ order: name.toLowerCase(), name }));
+  const sorted = ["A.PNG", "A.png", "a.png", "B", "b", "\u00e4"];
+  assert.deepEqual([...entries].sort(compareEntries).map((entry) => entry.name), sorted);
+  assert.deepEqual(entries.reverse().sort(compareEntries).map((entry) => entry.name), sorted);
+  assert.equal(compareEntries(entries[0], entries[0]), 0);
 });
 
 test("libraries whose line could not be read again are left out", () => {

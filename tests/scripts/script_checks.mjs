@@ -59,7 +59,7 @@ const corrections = {
 // What the language server expects of a library, and what the dialogs themselves add to the host's objects.
 const additions = `
 type Extract<T, U> = T extends U ? T : never;
-interface IconButton { path?: string; hasPicture?: boolean }
+interface IconButton { path?: string; picture?: ScriptUIImage | null }
 `;
 
 export class ScriptChecks {

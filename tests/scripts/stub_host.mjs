@@ -13,8 +13,9 @@ class Entry {
   }
   get stat() { return fs.statSync(this.fsName, { throwIfNoEntry: false }); }
   get parent() { return this.fsName === "/" ? null : new Folder(encodeURI(dirname(this.fsName))); }
+  // As in Windows, where a file that is open stays.
   remove() {
-    if (!this.exists) return false;
+    if (!this.exists || this.isOpen) return false;
     fs.rmSync(this.fsName);
     return true;
   }
@@ -26,11 +27,13 @@ class Entry {
 
 export class File extends Entry {
   lineFeed = "Unix";
+  isOpen = false;
   get exists() { return this.stat?.isFile() ?? false; }
   get length() { return this.stat?.size ?? -1; }
   open(mode) {
     if (mode === "r" ? !this.exists : !fs.existsSync(dirname(this.fsName))) return false;
     if (mode === "w") fs.writeFileSync(this.fsName, "");
+    this.isOpen = true;
     return true;
   }
   read() { return fs.readFileSync(this.fsName, "utf8"); }
@@ -38,7 +41,10 @@ export class File extends Entry {
     fs.appendFileSync(this.fsName, text.replaceAll("\n", lineEnds[this.lineFeed]));
     return true;
   }
-  close() { return true; }
+  close() {
+    this.isOpen = false;
+    return true;
+  }
   copy(target) {
     fs.copyFileSync(this.fsName, target.fsName);
     return true;

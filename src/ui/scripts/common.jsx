@@ -75,6 +75,13 @@ function joinPath(folder, name) {
   return isSeparator(folder.charAt(folder.length - 1)) ? folder + name : folder + separator() + name;
 }
 
+// What leads from a folder to a path below it. The path of a drive ends in a separator, and no other.
+function pathBelow(folder, path) {
+  var below = path.substring(folder.length);
+  while (isSeparator(below.charAt(0))) below = below.substring(1);
+  return below;
+}
+
 // Constructors take what follows a percent sign for an encoded character.
 function literalPath(path) {
   return replaceText(path, "%", "%25");
@@ -148,25 +155,47 @@ function createFolders(path) {
   return folder.exists;
 }
 
+function removeFile(path) {
+  return succeeds(function () {
+    return fileAt(path).remove();
+  });
+}
+
+function writeText(path, text) {
+  var file = fileAt(path), written, closed;
+  written = succeeds(function () {
+    file.encoding = "UTF-8";
+    file.lineFeed = "Windows";
+    return file.open("w") && file.write(text);
+  });
+  // Also when the writing was refused: a file that is open cannot be removed.
+  closed = succeeds(function () {
+    return file.close();
+  });
+  return written && closed;
+}
+
+// Gives a file the place of another. Where it cannot have the name, a copy will do.
+function replaceFile(from, to) {
+  var isMoved;
+  if (fileAt(to).exists && !removeFile(to)) return false;
+  isMoved = succeeds(function () {
+    return fileAt(from).rename(lastComponent(to));
+  }) || succeeds(function () {
+    return fileAt(from).copy(fileAt(to));
+  });
+  // A copy that failed may have left a part.
+  if (!isMoved) removeFile(to);
+  return isMoved;
+}
+
 // Writes the text under another name first, so that a failure leaves the file as it was. Opening a file for writing
 // empties it, and a host may refuse the writing only after that.
 function saveText(path, text) {
-  var file = fileAt(path), fresh = fileAt(path + ".part"), saved;
-  saved = succeeds(function () {
-    fresh.encoding = "UTF-8";
-    fresh.lineFeed = "Windows";
-    if (!fresh.open("w")) return false;
-    var written = fresh.write(text);
-    return fresh.close() && written;
-  });
-  saved = saved && succeeds(function () {
-    return (!file.exists || file.remove()) && fresh.rename(lastComponent(path));
-  });
-  if (!saved) {
-    succeeds(function () {
-      return fresh.remove();
-    });
-  }
+  var part = path + ".part", isNew = !fileAt(path).exists, saved;
+  saved = writeText(part, text) && replaceFile(part, path);
+  // With the old text gone, the new one stays under its other name.
+  if (isNew || fileAt(path).exists) removeFile(part);
   return saved;
 }
 
@@ -208,8 +237,9 @@ function isImageName(name) {
 }
 
 function compareEntries(a, b) {
-  if (a.order === b.order) return 0;
-  return a.order < b.order ? -1 : 1;
+  if (a.order !== b.order) return a.order < b.order ? -1 : 1;
+  if (a.name !== b.name) return a.name < b.name ? -1 : 1;
+  return 0;
 }
 
 // What a folder holds, in the order of the names: files as names, folders as names with their objects.
@@ -448,10 +478,10 @@ function checkCloud(text) {
 }
 
 // The name of the library in a manifest: the nearest behind its mark, or in front of it when another entry begins
-// before that. Undefined when there is none that can be read.
+// before that or none is behind it. Undefined when there is none that can be read.
 function checkCloudName(text) {
   var mark = text.indexOf("library+dcx"), at = text.indexOf("\"name\"", mark), brace = text.indexOf("{", mark), reader;
-  if (brace >= 0 && (at < 0 || brace < at)) at = text.lastIndexOf("\"name\"", mark);
+  if (at < 0 || (brace >= 0 && brace < at)) at = text.lastIndexOf("\"name\"", mark);
   if (mark < 0 || at < 0) return undefined;
   reader = jsonReader(text, at);
   try {
@@ -506,9 +536,7 @@ function addLibrary(label, name, path) {
 
 // A path below a folder as the list shows it.
 function shownPath(folder, path) {
-  var relative = path.substring(folder.length);
-  while (isSeparator(relative.charAt(0))) relative = relative.substring(1);
-  return replaceText(replaceText(relative, "/", " | "), "\\", " | ");
+  return replaceText(replaceText(pathBelow(folder, path), "/", " | "), "\\", " | ");
 }
 
 // Adds the libraries of a configured folder.

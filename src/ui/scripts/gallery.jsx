@@ -115,27 +115,33 @@ function thumbnailPath(path) {
   return dataFolder(true) + "/Quiltor/.cache/" + pathHash(path) + ".png";
 }
 
-// Whether the file gave the button a picture. Assigning one that cannot be read throws.
+// The picture in a file, which becomes the button's own; null when it is none. Assigning one that cannot be read throws.
 function loadPicture(button, path) {
-  var file = fileAt(path);
-  return file.exists && succeeds(function () {
+  var file = fileAt(path), isLoaded;
+  isLoaded = file.exists && succeeds(function () {
     button.image = file;
     return true;
   });
+  return isLoaded ? button.image : null;
 }
 
+// What is drawn is kept apart, since a host may refuse to take a button's own picture away. A button is drawn again
+// when it is shown again, and not for another picture.
 function showImage(button, path) {
+  button.visible = false;
   button.path = path;
-  button.visible = path !== "";
+  button.picture = null;
   if (path === "") return;
   button.helpTip = lastComponent(path);
-  button.hasPicture = loadPicture(button, thumbnailPath(path)) || loadPicture(button, path);
-  if (!button.hasPicture) {
+  button.picture = loadPicture(button, thumbnailPath(path));
+  if (button.picture === null) button.picture = loadPicture(button, path);
+  if (button.picture === null) {
     succeeds(function () {
       button.image = undefined;
       return true;
     });
   }
+  button.visible = true;
 }
 
 function showPage() {
@@ -191,36 +197,50 @@ function readLibs() {
   }
 }
 
-function indexOfFolder(folder) {
-  var i;
-  for (i = 0; i < libs.length; i++) {
-    if (libs[i].folder === folder) return i;
-  }
-  return 0;
-}
-
-// Reads the list again and selects the library in the old folder, or in that of the selected one when it is empty. The
-// list's own event would come for each step of this.
-function refreshPaths(oldPath) {
-  var library = selectedLibrary(), i;
-  _refresh = true;
-  if (oldPath === "" && library !== null) oldPath = library.folder;
+// The list's own event would come. Its items mean the libraries by their numbers, so that none may be left when those
+// change.
+function clearList() {
   gallery.filling = true;
   gallery.list.removeAll();
+  gallery.filling = false;
+}
+
+function selectFirst(isWanted) {
+  var i = 0;
+  while (i < libs.length && !isWanted(libs[i])) i++;
+  gallery.filling = true;
+  gallery.list.selection = i < libs.length ? i : 0;
+  gallery.filling = false;
+}
+
+// Reads the list and shows the first library that is wanted, or else the first of all.
+function readList(isWanted) {
+  var i;
+  clearList();
   readLibs();
   for (i = 0; i < libs.length; i++) gallery.list.add("item", "[" + libs[i].tag + "] " + libs[i].name);
-  if (libs.length > 0) gallery.list.selection = indexOfFolder(oldPath);
-  gallery.filling = false;
   if (libs.length === 0) {
     alert("No paths found, please open the config dialog and set them!");
     gallery.window.close();
   } else {
+    selectFirst(isWanted);
     showLibrary();
   }
 }
 
+// Reads the list again and selects the library in the old folder, or in that of the selected one when it is empty.
+function refreshPaths(oldPath) {
+  var library = selectedLibrary();
+  _refresh = true;
+  if (oldPath === "" && library !== null) oldPath = library.folder;
+  readList(function (found) {
+    return found.folder === oldPath;
+  });
+}
+
 function rewritePaths() {
   var library = selectedLibrary(), oldPath = library === null ? "" : library.folder;
+  clearList();
   findLibraries();
   if (!createFolders(joinPath(gallery.listBase, "Quiltor")) || !saveLibraries(gallery.listBase)) {
     alert("Error saving the library list, please check permissions.");
@@ -229,17 +249,10 @@ function rewritePaths() {
 }
 
 // Selects the library that was picked from last.
-function selectLast(tag, name) {
-  var i;
-  for (i = 0; i < libs.length; i++) {
-    if (libs[i].tag === tag && libs[i].name === name) {
-      gallery.filling = true;
-      gallery.list.selection = i;
-      gallery.filling = false;
-      showLibrary();
-      return;
-    }
-  }
+function openPaths(tag, name) {
+  readList(function (found) {
+    return found.tag === tag && found.name === name;
+  });
 }
 
 // --- import ---
@@ -268,9 +281,7 @@ function copyFiles(pairs) {
 
 // The thumbnail of what a new file has replaced would stay for good.
 function dropThumbnail(path) {
-  succeeds(function () {
-    return fileAt(thumbnailPath(path)).remove();
-  });
+  removeFile(thumbnailPath(path));
 }
 
 function importFile() {
@@ -287,7 +298,7 @@ function importFolder() {
   top = folder.fsName;
   target = joinPath(joinPath(fixedBaseFolder(), "Import"), replaceText(lastComponent(top), ":", ""));
   walkFolders(top, function (path, files) {
-    var names = imageNames(files), below = target + path.substring(top.length), i;
+    var names = imageNames(files), below = joinPath(target, pathBelow(top, path)), i;
     for (i = 0; i < names.length; i++) pairs.push({from: joinPath(path, names[i]), to: joinPath(below, names[i])});
     return false;
   });
@@ -324,7 +335,7 @@ function showInSystem() {
 // Draws the picture in the button's size, whatever its own.
 function drawThumbnail() {
   this.graphics.drawOSControl();
-  if (this.hasPicture) this.graphics.drawImage(this.image, 0, 0, this.size[0], this.size[1]);
+  if (this.picture) this.graphics.drawImage(this.picture, 0, 0, this.size[0], this.size[1]);
 }
 
 function addButton(parent, text, onClick) {
@@ -337,7 +348,7 @@ function addThumbnail(row) {
   var button = row.add("iconbutton", undefined, undefined, {style: "button"});
   button.preferredSize = _thumbSize;
   button.path = "";
-  button.hasPicture = false;
+  button.picture = null;
   button.onDraw = drawThumbnail;
   button.onClick = pick;
   btns.push(button);
@@ -348,8 +359,7 @@ function addPage(parent) {
   page.margins = page.spacing = 5;
   for (y = 0; y < _rows; y++) {
     row = page.add("group", undefined, {name: "row_" + y});
-    row.margins = 0;
-    row.spacing = 5;
+    row.margins = row.spacing = 5;
     for (x = 0; x < _cols; x++) addThumbnail(row);
   }
 }
@@ -423,12 +433,8 @@ function galleryDlg() {
   try {
     buildGallery();
     loadSettings();
-    refreshPaths("");
-    if (libs.length > 0) {
-      _refresh = false;
-      selectLast("#v1", "#v2");
-      gallery.window.show();
-    }
+    openPaths("#v1", "#v2");
+    if (libs.length > 0) gallery.window.show();
   } catch (problem) {
     alert("Quiltor: " + problem.message);
   }
