@@ -34,6 +34,8 @@ class ParamDefinitions {
   void update(int32_t index, std::optional<bool> invisible, std::optional<bool> disabled) const {
     if (!utils_ || !params_[index]) return;
     PF_ParamDef definition = *params_[index];
+    // What the user has just changed is marked there, and no value changes here.
+    definition.uu.change_flags = 0;
     if (invisible) definition.ui_flags = withFlag(definition.ui_flags, PF_PUI_INVISIBLE, *invisible);
     if (disabled) definition.ui_flags = withFlag(definition.ui_flags, PF_PUI_DISABLED, *disabled);
     utils_->PF_UpdateParamUI(in_.effect_ref, index, &definition);

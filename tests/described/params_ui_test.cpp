@@ -15,6 +15,8 @@ using standalone::Instance;
 using testing_support::flatSequence;
 using testing_support::liveRecordOf;
 
+constexpr PF_ChangeFlags kValueChanged = 1;
+
 enum Index { mode = 1, of10, of11, of12, ofNone, more, of201, ofBoth, title, plain };
 
 constexpr char kSwitches[] = R"([par]
@@ -122,6 +124,21 @@ TEST_F(VideoEditorDescribedParamsUi, APopupOfGroup10DisablesWhatIsNotSelected) {
     instance().setChoice(mode, item);
     ASSERT_EQ(instance().changedByUser(mode).code, 0);
     expectOneEnabled(instance(), of10 + item - 1);
+  }
+}
+
+// Hosts mark the values that the user has just changed; a switch may itself belong to another one's group.
+TEST_F(DescribedParamsUi, TellsTheHostOfNoChangeOfAValue) {
+  for (const int index : {of10, of11, of12}) {
+    instance().adjust(index,
+                      [](PF_ParamDef& definition, A_long, A_u_long) { definition.uu.change_flags = kValueChanged; });
+  }
+  instance().setChoice(mode, 2);
+  ASSERT_EQ(instance().changedByUser(mode).code, 0);
+  expectOneEnabled(instance(), of11);
+  for (const int index : {of10, of11, of12}) {
+    ASSERT_TRUE(instance().shown(index).updated.has_value()) << index;
+    EXPECT_EQ(instance().shown(index).updated->uu.change_flags, 0) << index;
   }
 }
 
