@@ -1,9 +1,11 @@
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 
 #include "formats/image_file.h"
+#include "standalone/validate/child_process.h"
 #include "tests/cli/command_line_run.h"
 
 namespace quiltor::standalone {
@@ -75,6 +77,36 @@ TEST_F(DialogCommandTest, takesAPictureAndClosesTheDialog) {
   const Outcome outcome = runModule({"settings", "--screenshot", folder.path("s.png")});
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_GT(std::filesystem::file_size(folder.path("s.png")), 1000U);
+}
+
+// The scale is that of a whole process.
+TEST_F(DialogCommandTest, aScaleMakesThePictureAsMuchLarger) {
+  const auto widthAt = [this](const std::string& percent) {
+    const std::string file = folder.path(percent + ".png");
+    const ProcessEnd end = runProcess(
+        QUILTOR_PROGRAM, {"settings", "--plugin", QUILTOR_MODULE_PATH, "--scale", percent, "--screenshot", file},
+        std::chrono::minutes(2));
+    EXPECT_EQ(end.kind, ProcessEnd::Kind::Exited);
+    EXPECT_EQ(end.status, 0);
+    PatternImage picture{};
+    EXPECT_EQ(LoadPngImage(file, picture), 0);
+    return picture.width;
+  };
+  const int usual = widthAt("100");
+  EXPECT_GT(usual, 400);
+  EXPECT_NEAR(widthAt("125"), usual * 1.25, 1);
+}
+
+// As for a module that was built without Qt, or that lies alone.
+TEST_F(DialogCommandTest, aModuleWithoutTheDialogsBesideItIsOneLine) {
+  std::filesystem::copy_file(QUILTOR_MODULE_PATH, folder.path("Quiltor.so"));
+  for (const char* command : {"gallery", "settings"}) {
+    const Outcome outcome = run({command, "--plugin", folder.path("Quiltor.so"), "--headless", steps("close")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "");
+    EXPECT_EQ(outcome.err, "quiltor: this build has no dialogs: " + folder.path("QuiltorDialogs.so") +
+                               " is missing; install qt6-base-dev and qt6-declarative-dev, then build again\n");
+  }
 }
 
 TEST_F(DialogCommandTest, aStepThatCannotBeDoneIsOneLine) {
