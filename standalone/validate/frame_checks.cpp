@@ -7,19 +7,13 @@
 namespace quiltor::standalone {
 namespace {
 
-// Runs `use` for every kind of frame, with an instance of the effect in each of the two hosts.
+// The same with an instance of the effect.
 template <class Use>
-void forEveryKind(CheckRun& run, Use use) {
-  for (const A_long application : {kAppId_AfterEffects, kAppId_PremierePro}) {
-    HostOptions options = run.hostOptions();
-    options.appId = application;
-    Stage stage(run, options);
-    run.trial(application == kAppId_PremierePro ? "in the video editor" : "");
-    if (!stage.setUp()) continue;
+void withInstanceForEveryKind(CheckRun& run, Use use) {
+  forEveryKind(run, [&](Stage& stage, const FrameKind& kind) {
     Instance instance(stage.effect);
-    if (!run.requireSuccess(instance.setUp(), "sequence setup")) continue;
-    for (const FrameKind& kind : frameKinds(stage)) use(stage, instance, kind);
-  }
+    if (run.requireSuccess(instance.setUp(), "sequence setup")) use(stage, instance, kind);
+  });
 }
 
 struct Size {
@@ -30,7 +24,7 @@ constexpr Size kSizes[] = {{1, 1}, {1, 9}, {11, 1}, {2, 2}, {17, 13}, {64, 40}};
 std::string text(const Size& size) { return std::to_string(size.width) + " x " + std::to_string(size.height); }
 
 void rendersEverySize(CheckRun& run) {
-  forEveryKind(run, [&](Stage& stage, Instance& instance, const FrameKind& kind) {
+  withInstanceForEveryKind(run, [&](Stage& stage, Instance& instance, const FrameKind& kind) {
     for (const Size& size : kSizes) {
       run.trial(kind.name + ", " + text(size));
       const World layer = testPicture(kind.format, size.width, size.height);
@@ -47,7 +41,7 @@ void takesEveryRowLayout(CheckRun& run) {
                                     {.paddingBytes = 100},
                                     {.bottomUp = true},
                                     {.paddingBytes = 12, .bottomUp = true}};
-  forEveryKind(run, [&](Stage& stage, Instance& instance, const FrameKind& kind) {
+  withInstanceForEveryKind(run, [&](Stage& stage, Instance& instance, const FrameKind& kind) {
     const World layer = testPicture(kind.format, 15, 6);
     std::optional<World> first;
     for (const RowLayout& in : kLayouts) {
@@ -70,7 +64,7 @@ void takesEveryRowLayout(CheckRun& run) {
 }
 
 void rendersEveryResolution(CheckRun& run) {
-  forEveryKind(run, [&](Stage& stage, Instance& instance, const FrameKind& kind) {
+  withInstanceForEveryKind(run, [&](Stage& stage, Instance& instance, const FrameKind& kind) {
     for (const auto& [x, y] : {std::pair(1u, 2u), std::pair(2u, 2u), std::pair(3u, 1u), std::pair(8u, 8u)}) {
       run.trial(kind.name + ", at 1/" + std::to_string(x) + " and 1/" + std::to_string(y) + " of the resolution");
       stage.host.options().downsampleX = {1, x};
@@ -86,7 +80,7 @@ void rendersEveryTime(CheckRun& run) {
     A_long time, step;
     A_u_long scale;
   };
-  forEveryKind(run, [&](Stage& stage, Instance& instance, const FrameKind& kind) {
+  withInstanceForEveryKind(run, [&](Stage& stage, Instance& instance, const FrameKind& kind) {
     const World layer = testPicture(kind.format, 9, 5);
     for (const Moment& moment :
          {Moment{0, 1, 25}, {249, 1, 25}, {1001, 1001, 30000}, {-5, 1, 25}, {1 << 30, 512, 15360}}) {
@@ -100,7 +94,7 @@ void rendersEveryTime(CheckRun& run) {
 }
 
 void rendersEveryQuality(CheckRun& run) {
-  forEveryKind(run, [&](Stage& stage, Instance& instance, const FrameKind& kind) {
+  withInstanceForEveryKind(run, [&](Stage& stage, Instance& instance, const FrameKind& kind) {
     const World layer = testPicture(kind.format, 9, 5);
     for (const A_long quality : {PF_Quality_LO, PF_Quality_HI}) {
       for (const PF_Field field : {PF_Field_FRAME, PF_Field_UPPER, PF_Field_LOWER}) {

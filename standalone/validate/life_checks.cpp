@@ -77,6 +77,38 @@ void ignoresUnknownSelectors(CheckRun& run) {
   }
 }
 
+// Selectors that hosts send to effects that ask for them.
+std::vector<A_long> unannouncedSelectors(const Effect& effect) {
+  std::vector<A_long> all{PF_Cmd_UNUSED_0, PF_Cmd_COMPLETELY_GENERAL};
+  if (!(effect.outFlags() & PF_OutFlag_I_HAVE_EXTERNAL_DEPENDENCIES)) all.push_back(PF_Cmd_GET_EXTERNAL_DEPENDENCIES);
+  if (!(effect.outFlags2() & PF_OutFlag2_SUPPORTS_QUERY_DYNAMIC_FLAGS)) all.push_back(PF_Cmd_QUERY_DYNAMIC_FLAGS);
+  if (!(effect.outFlags() & (PF_OutFlag_AUDIO_EFFECT_TOO | PF_OutFlag_AUDIO_EFFECT_ONLY))) {
+    all.insert(all.end(), {PF_Cmd_AUDIO_RENDER, PF_Cmd_AUDIO_SETUP, PF_Cmd_AUDIO_SETDOWN});
+  }
+  const auto& parameters = effect.parameters();
+  const bool arbitrary = std::any_of(parameters.begin(), parameters.end(), [](const Parameter& parameter) {
+    return parameter.definition.param_type == PF_Param_ARBITRARY_DATA;
+  });
+  if (!arbitrary) all.push_back(PF_Cmd_ARBITRARY_CALLBACK);
+  return all;
+}
+
+void ignoresUnannouncedSelectors(CheckRun& run) {
+  for (const A_long application : {kAppId_AfterEffects, kAppId_PremierePro}) {
+    HostOptions options = run.hostOptions();
+    options.appId = application;
+    Stage stage(run, options);
+    const std::string where = application == kAppId_PremierePro ? "in the video editor" : "";
+    run.trial(where);
+    if (!stage.setUp()) continue;
+    for (const A_long selector : unannouncedSelectors(stage.effect)) {
+      run.trial(where);
+      run.requireSuccess(stage.effect.call({.selector = selector}), selectorName(selector));
+      run.takeFindings(stage.host.findings());
+    }
+  }
+}
+
 void livesInTheVideoEditor(CheckRun& run) {
   HostOptions options = run.hostOptions();
   options.appId = kAppId_PremierePro;
@@ -100,6 +132,8 @@ std::vector<Check> lifeChecks() {
       {"parameter-ranges", "Every slider's default lies in its valid range.", defaultsLieInTheirRanges},
       {"about", "About succeeds and its text has an end.", answersAbout},
       {"unknown-selectors", "Selectors that the effect does not know are answered with 0.", ignoresUnknownSelectors},
+      {"unannounced-selectors", "Selectors that the effect does not ask for are answered with 0.",
+       ignoresUnannouncedSelectors},
       {"video-editor", "The effect lives in the video editor too.", livesInTheVideoEditor},
   };
 }

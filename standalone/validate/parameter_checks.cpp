@@ -7,13 +7,6 @@
 namespace quiltor::standalone {
 namespace {
 
-template <class Use>
-void forEveryKind(CheckRun& run, Use use) {
-  Stage stage(run);
-  if (!stage.setUp()) return;
-  for (const FrameKind& kind : frameKinds(stage)) use(stage, kind);
-}
-
 struct Setting {
   std::string text;
   std::function<void(Instance&)> apply;

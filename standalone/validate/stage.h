@@ -39,6 +39,20 @@ struct FrameKind {
 // In the video editor those whose pixels it has declared.
 [[nodiscard]] std::vector<FrameKind> frameKinds(Stage& stage);
 
+// Calls `use` with a stage that is set up and a kind of frame, for every kind that the effect declares in each of the
+// two applications.
+template <class Use>
+void forEveryKind(CheckRun& run, Use use) {
+  for (const A_long application : {kAppId_AfterEffects, kAppId_PremierePro}) {
+    HostOptions options = run.hostOptions();
+    options.appId = application;
+    Stage stage(run, options);
+    run.trial(application == kAppId_PremierePro ? "in the video editor" : "");
+    if (!stage.setUp()) continue;
+    for (const FrameKind& kind : frameKinds(stage)) use(stage, kind);
+  }
+}
+
 // No two neighbours alike, transparent and opaque; float pixels also beyond 0 and 1.
 [[nodiscard]] World testPicture(WorldFormat format, int width, int height);
 

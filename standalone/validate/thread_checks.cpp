@@ -11,12 +11,9 @@ namespace quiltor::standalone {
 namespace {
 
 void iteratesOnAnyNumber(CheckRun& run) {
-  Stage stage(run);
-  if (!stage.setUp()) return;
-  Instance instance(stage.effect);
-  run.trial("");
-  if (!run.requireSuccess(instance.setUp(), "sequence setup")) return;
-  for (const FrameKind& kind : frameKinds(stage)) {
+  forEveryKind(run, [&](Stage& stage, const FrameKind& kind) {
+    Instance instance(stage.effect);
+    if (!run.requireSuccess(instance.setUp(), "sequence setup")) return;
     const World layer = testPicture(kind.format, 23, 37);
     std::optional<World> first;
     for (const int threads : {1, 2, 7, 16}) {
@@ -29,42 +26,44 @@ void iteratesOnAnyNumber(CheckRun& run) {
         run.require(alike(first, picture), "the frame depends on the host's threads");
       }
     }
-  }
+  });
 }
 
 // Frames of two instances on four threads, compared with what one thread renders.
-void rendersSideBySide(CheckRun& run) {
+void renderSideBySide(CheckRun& run, Stage& stage, const FrameKind& kind) {
   constexpr int kThreads = 4, kFrames = 12;
-  Stage stage(run);
-  if (!stage.setUp()) return;
-  if (!(stage.effect.outFlags2() & PF_OutFlag2_AE13_5_THREADSAFE)) {
-    return run.notApplicable("the effect does not declare that its frames may render side by side");
-  }
   Instance instances[] = {Instance(stage.effect), Instance(stage.effect)};
-  run.trial("");
   for (Instance& instance : instances) run.requireSuccess(instance.setUp(), "sequence setup");
-  for (const FrameKind& kind : frameKinds(stage)) {
-    run.trial(kind.name + ", on " + std::to_string(kThreads) + " threads");
-    const World layer = testPicture(kind.format, 31, 17);
-    const auto expected = renderFrame(stage, instances[0], kind, {.input = &layer});
-    std::atomic<int> failed = 0, different = 0;
-    std::vector<std::thread> threads;
-    for (int thread = 0; thread < kThreads; ++thread) {
-      threads.emplace_back([&, thread] {
-        for (int i = 0; i < kFrames; ++i) {
-          Instance& instance = instances[(thread + i) % 2];
-          const Frame frame{.input = &layer};
-          const RenderResult result = kind.smart ? instance.renderSmart(frame) : instance.render(frame);
-          if (result.code != PF_Err_NONE) ++failed;
-          if (!alike(expected, result.output)) ++different;
-        }
-      });
-    }
-    for (std::thread& thread : threads) thread.join();
-    run.require(failed == 0, std::to_string(failed) + " frames failed");
-    run.require(different == 0, std::to_string(different) + " frames differ from what one thread renders");
-    run.takeFindings(stage.host.findings());
+  run.trial(kind.name + ", on " + std::to_string(kThreads) + " threads");
+  const World layer = testPicture(kind.format, 31, 17);
+  const auto expected = renderFrame(stage, instances[0], kind, {.input = &layer});
+  std::atomic<int> failed = 0, different = 0;
+  std::vector<std::thread> threads;
+  for (int thread = 0; thread < kThreads; ++thread) {
+    threads.emplace_back([&, thread] {
+      for (int i = 0; i < kFrames; ++i) {
+        Instance& instance = instances[(thread + i) % 2];
+        const Frame frame{.input = &layer};
+        const RenderResult result = kind.smart ? instance.renderSmart(frame) : instance.render(frame);
+        if (result.code != PF_Err_NONE) ++failed;
+        if (!alike(expected, result.output)) ++different;
+      }
+    });
   }
+  for (std::thread& thread : threads) thread.join();
+  run.require(failed == 0, std::to_string(failed) + " frames failed");
+  run.require(different == 0, std::to_string(different) + " frames differ from what one thread renders");
+  run.takeFindings(stage.host.findings());
+}
+
+void rendersSideBySide(CheckRun& run) {
+  bool any = false;
+  forEveryKind(run, [&](Stage& stage, const FrameKind& kind) {
+    if (!(stage.effect.outFlags2() & PF_OutFlag2_AE13_5_THREADSAFE)) return;
+    any = true;
+    renderSideBySide(run, stage, kind);
+  });
+  if (!any) run.notApplicable("the effect does not declare that its frames may render side by side");
 }
 
 }  // namespace

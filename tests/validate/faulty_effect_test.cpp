@@ -97,6 +97,8 @@ INSTANTIATE_TEST_SUITE_P(
         Misdeed{"FrameHangs", "sizes", Verdict::TimedOut,
                 "no end after 5 seconds in PF_Cmd_RENDER, classic, 16 bits, 1 x 1"},
         Misdeed{"FrameDiffers", "sizes", Verdict::Failed, "the same frame is another the second time"},
+        Misdeed{"AnswersUnannounced", "unannounced-selectors", Verdict::Failed,
+                "PF_Cmd_AUDIO_SETUP was answered with 4"},
         Misdeed{"LeaksWhenRefused", "refusals-sequence-flatten", Verdict::Failed,
                 "HandleLeaked: a handle of 8 bytes made in PF_Cmd_SEQUENCE_FLATTEN was never disposed (refusing "
                 "host_new_handle of 8 bytes in PF_Cmd_SEQUENCE_FLATTEN, time 2)"}),

@@ -492,6 +492,7 @@ QUILTOR_EXPORT void setMisdeed(const char* name) { chosenMisdeed = name; }
 
 QUILTOR_EXPORT PF_Err EntryPointFunc(A_long selector, PF_InData* in, PF_OutData* out, PF_ParamDef** params,
                                      PF_EffectWorld* output, void* extra) {
+  if (does("AnswersUnannounced") && selector == PF_Cmd_AUDIO_SETUP) return PF_Err_OUT_OF_MEMORY;
   switch (selector) {
     case PF_Cmd_ABOUT:
       return about(in);
