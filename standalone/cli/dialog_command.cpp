@@ -1,6 +1,5 @@
 #include "standalone/cli/dialog_command.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <exception>
 #include <functional>
@@ -16,6 +15,7 @@
 #include "library/library_conversion.h"
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/near_miss.h"
+#include "standalone/cli/parameter_lookup.h"
 #include "standalone/cli/progress_bar.h"
 #include "standalone/cli/project_file.h"
 #include "standalone/cli/quiet_output.h"
@@ -47,27 +47,19 @@ void requireNoComplaints(const DialogRunner& dialogs, std::ostream& err) {
   throw CommandFailure(complaints.back());
 }
 
-int patternControl(const Effect& effect) {
-  const std::vector<Parameter>& parameters = effect.parameters();
-  for (std::size_t i = 1; i < parameters.size(); ++i) {
-    if ((parameters[i].definition.ui_flags & PF_PUI_CONTROL) != 0) return static_cast<int>(i);
-  }
-  throw CommandFailure("the effect has no control of its own to click on");
+CallResult clickOwnControl(Effect& effect, Instance& instance) {
+  const std::optional<int> control = ownControl(effect.parameters());
+  if (!control) throw CommandFailure("the effect has no control of its own to click on");
+  return instance.clickedByUser(*control).call;
 }
 
-// The parts of a gallery's result: the picture's path, and the library's tag, name and folder.
 void printPick(std::string_view result, std::ostream& out) {
-  std::vector<std::string_view> fields;
-  for (std::size_t start = 0; start <= result.size();) {
-    const std::size_t end = std::min(result.find('*', start), result.size());
-    fields.push_back(result.substr(start, end - start));
-    start = end + 1;
-  }
-  if (fields.size() < 4 || fields[0].empty()) {
+  const auto [picture, label, name] = threeFields(result);
+  if (picture.empty()) {
     out << (result.empty() ? "nothing was picked\n" : "nothing was picked, and the list of libraries was made anew\n");
     return;
   }
-  out << "picked " << fields[0] << "\nfrom [" << fields[1] << (fields[2].empty() ? "]" : "] ") << fields[2] << '\n';
+  out << "picked " << picture << "\nfrom [" << label << (name.empty() ? "]" : "] ") << name << '\n';
 }
 
 void printResult(const std::string& result, std::ostream& out) {
@@ -161,10 +153,7 @@ void runGallery(const SessionOptions& session, const DialogCommandOptions& optio
   if (!options.output.empty() && !sameName(options.output.extension().string(), ".png")) {
     throw UsageError("--output: " + options.output.string() + ": expected a name that ends in .png");
   }
-  printResult(
-      openIn(session, options, console,
-             [](Effect& effect, Instance& instance) { return instance.clickedByUser(patternControl(effect)).call; }),
-      console.out);
+  printResult(openIn(session, options, console, clickOwnControl), console.out);
 }
 
 void runSettings(const SessionOptions& session, const DialogCommandOptions& options, const Console& console) {

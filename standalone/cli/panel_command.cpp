@@ -13,16 +13,11 @@
 namespace quiltor::standalone {
 namespace {
 
-int controlOf(const std::vector<Parameter>& parameters) {
-  for (std::size_t i = 1; i < parameters.size(); ++i) {
-    if ((parameters[i].definition.ui_flags & PF_PUI_CONTROL) != 0) return static_cast<int>(i);
-  }
-  throw UsageError("--draw: the effect has no control of its own");
-}
-
 // The pane with the control on it.
 World drawnControl(Instance& instance, const std::vector<Parameter>& parameters) {
-  const EventResult result = instance.drawControl(controlOf(parameters));
+  const std::optional<int> control = ownControl(parameters);
+  if (!control) throw UsageError("--draw: the effect has no control of its own");
+  const EventResult result = instance.drawControl(*control);
   requireSuccess(result.call, "drawing the control");
   return result.drawing->pane();
 }

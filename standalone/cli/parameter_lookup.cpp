@@ -55,6 +55,13 @@ int findParameter(std::span<const Parameter> parameters, std::string_view name) 
                    (suggestion(name, known).empty() ? "; `quiltor params` lists them" : suggestion(name, known)));
 }
 
+std::optional<int> ownControl(std::span<const Parameter> parameters) {
+  for (std::size_t i = 1; i < parameters.size(); ++i) {
+    if ((parameters[i].definition.ui_flags & PF_PUI_CONTROL) != 0) return static_cast<int>(i);
+  }
+  return std::nullopt;
+}
+
 Assignment parseAssignment(std::span<const Parameter> parameters, std::string_view text,
                            std::span<const int32_t> masks) {
   const auto equals = text.find('=');

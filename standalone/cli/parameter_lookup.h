@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -15,6 +16,9 @@ namespace quiltor::standalone {
 // The parameter of that short or display name, without regard to case. Entry 0, the input layer, is never found.
 // Throws UsageError.
 [[nodiscard]] int findParameter(std::span<const Parameter> parameters, std::string_view name);
+
+// The parameter that the effect draws and takes clicks for itself; nothing when there is none.
+[[nodiscard]] std::optional<int> ownControl(std::span<const Parameter> parameters);
 
 struct Assignment {
   int index = 0;

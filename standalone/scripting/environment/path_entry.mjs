@@ -32,7 +32,6 @@ export class PathEntry {
   get error() { return this[inner].error }
   set error(text) { this[inner].error = String(text) }
 
-
   getRelativeURI(base) {
     if (base === undefined) return this.relativeURI
     const before = files.current
