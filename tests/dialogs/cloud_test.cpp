@@ -1,6 +1,5 @@
 #include <chrono>
 
-#include "library/cache_names.h"
 #include "tests/dialogs/dialogs_test.h"
 
 namespace quiltor {
@@ -18,9 +17,6 @@ class CloudTest : public DialogsTest {
   }
   std::string component(const std::string& name) const { return cloud("/components/" + name); }
   std::string line(const std::string& name) const { return "CLOUD*" + name + "*" + cloud("/manifest") + "\r\n"; }
-  std::string thumbnailOf(const std::string& path) const {
-    return shared(".cache/" + std::to_string(pathHash(path)) + ".png");
-  }
 
   static std::string element(const std::string& kind, const std::string& path) {
     return R"({"name":"E","type":"application/vnd.adobe.element.)" + kind + R"(+dcx","components":[

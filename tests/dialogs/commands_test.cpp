@@ -139,7 +139,7 @@ TEST_F(GalleryCommands, ImportOverAFileOnlyWhenTheUserWants) {
   const std::string before = contentsOf(textures("/a.png"));
   click("reply no\n" + answer(outside("/a.png")) + "click \"Import file\"\nclose\n");
   EXPECT_EQ(contentsOf(textures("/a.png")), before);
-  const std::string thumbnail = shared(".cache/" + std::to_string(pathHash(textures("/a.png"))) + ".png");
+  const std::string thumbnail = thumbnailOf(textures("/a.png"));
   EXPECT_TRUE(exists(thumbnail));
   click("reply yes\n" + answer(outside("/a.png")) + "click \"Import file\"\nexpect iconbutton image \"" +
         textures("/a.png") + "\"\nclose\n");

@@ -8,6 +8,7 @@
 #include <sstream>
 #include <thread>
 
+#include "library/cache_names.h"
 #include "tests/support/png_file.h"
 
 namespace quiltor::testing_support {
@@ -37,6 +38,10 @@ void makeFolderOf(const std::string& path) {
 }  // namespace
 
 DialogsTest::DialogsTest(A_AppID appId) : InstanceTest(appId) { instance.setUp(); }
+
+std::string DialogsTest::thumbnailOf(const std::string& path) const {
+  return shared(".cache/" + std::to_string(pathHash(path)) + ".png");
+}
 
 bool DialogsTest::exists(const std::string& path) { return std::filesystem::exists(path); }
 

@@ -22,6 +22,9 @@ class DialogsTest : public InstanceTest {
   std::string shared(const std::string& name) const { return folder.path("all/Quiltor/" + name); }
   std::string own(const std::string& name) const { return userFolder() + "/" + name; }
 
+  // Where the conversion puts the thumbnail of an image.
+  std::string thumbnailOf(const std::string& path) const;
+
   static bool exists(const std::string& path);
   // The names in a folder, sorted; none without it.
   static std::vector<std::string> namesIn(const std::string& path);

@@ -1,6 +1,5 @@
 #include <filesystem>
 
-#include "library/cache_names.h"
 #include "tests/dialogs/dialogs_test.h"
 
 namespace quiltor {
@@ -16,9 +15,6 @@ class GalleryTest : public DialogsTest {
  protected:
   std::string textures(const std::string& name = "") const { return folder.path("Textures" + name); }
   std::string line() const { return "Textures**" + textures(); }
-  std::string thumbnailOf(const std::string& path) const {
-    return shared(".cache/" + std::to_string(pathHash(path)) + ".png");
-  }
 
   static std::string expectImage(int button, const std::string& path) {
     return "expect iconbutton#" + std::to_string(button) + " image \"" + path + "\"\n";

@@ -23,6 +23,8 @@ using testing_support::ControlTest;
 using testing_support::FileReads;
 using testing_support::flatSequence;
 using testing_support::liveRecordOf;
+using testing_support::SuiteName;
+using testing_support::testName;
 using testing_support::textsOf;
 using testing_support::variedPixels;
 using testing_support::writePng;
@@ -332,11 +334,6 @@ TEST_F(Click, TheEmbeddersTroubleReachesTheEmbedder) {
   EXPECT_THROW(click(), std::runtime_error);
 }
 
-struct SuiteName {
-  const char* name;
-  int version;
-};
-
 class ClickWithoutASuite : public Click, public testing::WithParamInterface<SuiteName> {};
 
 TEST_P(ClickWithoutASuite, Is516AndTellsTheUser) {
@@ -353,11 +350,7 @@ TEST_P(ClickWithoutASuite, Is516AndTellsTheUser) {
 INSTANTIATE_TEST_SUITE_P(Each, ClickWithoutASuite,
                          testing::Values(SuiteName{"PF Handle Suite", 2}, SuiteName{"AEGP Utility Suite", 11},
                                          SuiteName{"AEGP Memory Suite", 1}, SuiteName{"PF AE Adv App Suite", 1}),
-                         [](const auto& test) {
-                           std::string name;
-                           for (const char* c = test.param.name; *c; ++c) name += *c == ' ' ? '_' : *c;
-                           return name;
-                         });
+                         testName);
 
 TEST_F(Click, WithoutTheDynamicStreamsAPickIsTakenAllTheSame) {
   writeList(userList());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <fstream>
 #include <functional>
 #include <string>
@@ -54,5 +55,17 @@ class ControlTest : public InstanceTest {
   std::function<void()> duringScript;
   std::vector<std::string> scripts;
 };
+
+struct SuiteName {
+  const char* name;
+  int version;
+};
+
+// As the name of a test, which takes no blanks.
+inline std::string testName(const testing::TestParamInfo<SuiteName>& test) {
+  std::string name = test.param.name;
+  std::ranges::replace(name, ' ', '_');
+  return name;
+}
 
 }  // namespace quiltor::testing_support

@@ -15,6 +15,8 @@ using standalone::Rgba;
 using testing_support::flatSequence;
 using testing_support::InstanceTest;
 using testing_support::selectionOf;
+using testing_support::SuiteName;
+using testing_support::testName;
 using testing_support::writePng;
 
 constexpr PF_LRect kFrame = {33, 7, 83, 57};
@@ -111,11 +113,6 @@ TEST_F(Draw, WorksInTheVideoEditorToo) {
   EXPECT_FALSE(drewNothing(draw()));
 }
 
-struct SuiteName {
-  const char* name;
-  int version;
-};
-
 class DrawWithoutASuite : public Draw, public testing::WithParamInterface<SuiteName> {};
 
 TEST_P(DrawWithoutASuite, Is516AndTellsTheUser) {
@@ -131,11 +128,7 @@ INSTANTIATE_TEST_SUITE_P(Each, DrawWithoutASuite,
                          testing::Values(SuiteName{"PF Handle Suite", 2}, SuiteName{"PF Effect Custom UI Suite", 1},
                                          SuiteName{"DRAWBOT Draw Suite", 1}, SuiteName{"DRAWBOT Supplier Suite", 1},
                                          SuiteName{"DRAWBOT Surface Suite", 1}, SuiteName{"DRAWBOT Path Suite", 1}),
-                         [](const auto& test) {
-                           std::string name;
-                           for (const char* c = test.param.name; *c; ++c) name += *c == ' ' ? '_' : *c;
-                           return name;
-                         });
+                         testName);
 
 TEST_F(Draw, TellsTheUserWhenASuiteCannotBeReleased) {
   host.faults().failAlways(HostCall::ReleaseSuite);
