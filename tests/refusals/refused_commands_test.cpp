@@ -2,6 +2,7 @@
 // again, and a right frame afterwards.
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <iostream>
 #include <string>
 #include <utility>
@@ -13,6 +14,7 @@
 #include "tests/refusals/refusal_rules.h"
 #include "tests/refusals/render_lock.h"
 #include "tests/support/effect_test.h"
+#include "tests/support/png_file.h"
 
 namespace quiltor::refusal_tests {
 namespace {
@@ -28,12 +30,13 @@ using standalone::WorldFormat;
 struct Case {
   Command command;
   A_long application;
+  bool picks = false;  // a click opens the gallery, where the user picks a picture
 };
 
 std::string nameOf(const Case& one) {
   std::string name = one.command.name;
   std::erase(name, '-');
-  return name + (one.application == kAppId_PremierePro ? "InTheVideoEditor" : "");
+  return name + (one.picks ? "ThatPicks" : "") + (one.application == kAppId_PremierePro ? "InTheVideoEditor" : "");
 }
 
 void PrintTo(const Case& one, std::ostream* out) { *out << nameOf(one); }
@@ -43,6 +46,9 @@ std::vector<Case> everyCase() {
   for (const A_long application : {kAppId_AfterEffects, kAppId_PremierePro}) {
     for (const Command& command : standalone::commands()) all.push_back({command, application});
   }
+  for (const Command& command : standalone::commands()) {
+    if (command.name == "control-click") all.push_back({command, kAppId_AfterEffects, true});
+  }
   return all;
 }
 
@@ -50,7 +56,13 @@ class RefusedCommand : public testing_support::EffectTest, public testing::WithP
  protected:
   RefusedCommand() {
     host.options().appId = application;
-    host.options().runScript = [](const std::string&) { return standalone::ScriptOutcome{}; };
+    host.options().runScript = [this](const std::string&) { return outcome; };
+    if (GetParam().picks) {
+      const std::string picture = folder.path("weave.png"), library = folder.path("library");
+      testing_support::writePng(picture, 7, 3, 4, testing_support::variedPixels(7, 3, 4));
+      std::ofstream(userFolder() + "/libpaths.txt", std::ios::binary) << "Mine**" << library << "\r\n";
+      outcome.result = picture + "*Label*Name*" + library + "*";
+    }
     host.faults().answerWith(kHostsOwnCode);
   }
 
@@ -84,6 +96,7 @@ class RefusedCommand : public testing_support::EffectTest, public testing::WithP
   }
 
   A_long application = GetParam().application;
+  standalone::ScriptOutcome outcome;
   std::string ownMessage;  // what the call says when nothing is refused
 };
 
@@ -102,6 +115,11 @@ TEST_P(RefusedCommand, GivesTheDocumentedAnswerAndHoldsNothing) {
     EXPECT_TRUE(came);
     const Expected expected = expectedFor(refusal, application);
     expectAnswer(answer, expected);
+    if (GetParam().picks && answer.succeeded()) {
+      using standalone::HostCall;
+      const bool heard = refusal.call.kind != HostCall::ExecuteScript && refusal.call.kind != HostCall::LockMemory;
+      EXPECT_EQ((answer.out.out_flags & PF_OutFlag_FORCE_RERENDER) != 0, heard);
+    }
     EXPECT_EQ(host.suiteBalance(), 0);
     EXPECT_EQ(host.findings().text(), "");
     EXPECT_TRUE(renderLockIsFree());
