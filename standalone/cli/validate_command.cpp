@@ -39,7 +39,9 @@ void printLine(const CheckReport& report, std::ostream& out) {
   if (report.why.empty()) {
     out << counted(report.trials, "trial");
   } else {
-    out << printable(report.bad() ? report.why.back() : report.why.front());
+    // The first problem is usually the cause of the others; what ended the check is told last.
+    const bool ended = report.verdict == Verdict::Crashed || report.verdict == Verdict::TimedOut;
+    out << printable(ended ? report.why.back() : report.why.front());
     if (report.why.size() > 1) out << "; " << counted(report.why.size() - 1, "other problem");
   }
   out << '\n' << std::flush;

@@ -72,6 +72,12 @@ TEST_F(ValidateProgram, endsWithStatus1WhenARuleIsBroken) {
   EXPECT_EQ(run("--json --check about --plugin " SAMPLE_EFFECT_PATH).status, 1);
 }
 
+TEST_F(ValidateProgram, printsTheFirstOfSeveralProblems) {
+  const EnvironmentOverride faulty("QUILTOR_SAMPLE_MISDEED", "FrameLeaksSuite");
+  EXPECT_THAT(run("--check sizes --plugin " SAMPLE_EFFECT_PATH).out,
+              testing::ContainsRegex("than it was released \\(classic, 8 bits, 1 x 1\\); [0-9]+ other problems"));
+}
+
 TEST_F(ValidateProgram, runsACheckInItsOwnProcessForADebugger) {
   const EnvironmentOverride faulty("QUILTOR_SAMPLE_MISDEED", "HandleOverrun");
   const Outcome outcome = run("--in-process --check about --plugin " SAMPLE_EFFECT_PATH);
