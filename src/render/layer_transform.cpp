@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "base/scope_guard.h"
+#include "host/application.h"
 
 namespace quiltor {
 namespace {
@@ -49,7 +50,7 @@ LayerTransformReading readLayerTransform(SuiteHandler& suites, const PF_InData& 
       transform.anchorY = anchor->y;
     }
   } catch (HostErr code) {
-    if (in.appl_id != kAppId_PremierePro) reading.missingSuite = code;
+    if (!isVideoEditor(in)) reading.missingSuite = code;
   }
   return reading;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/scope_guard.h"
+#include "host/application.h"
 #include "render/mask_row.h"
 #include "render/worker_threads.h"
 
@@ -124,7 +125,7 @@ HostErr MaskMatte::apply(const ScopedSuite<PF_WorldSuite2>& worlds, const WorldA
                          const RenderBlock& block, const PF_EffectWorld& input, const PF_EffectWorld& output) {
   if (number_ < 1) return PF_Err_NONE;
   // The video editor has none of these suites and no masks of this kind.
-  const bool mayBeMissing = in_.appl_id == kAppId_PremierePro;
+  const bool mayBeMissing = isVideoEditor(in_);
   const ScopedSuite<PF_MaskSuite1> masks(in_.pica_basicP, kAEGPMaskSuite, kAEGPMaskSuiteVersion1,
                                          mayBeMissing ? nullptr : &out, kMaskSuiteMessages);
   if (!masks) return PF_Err_NONE;

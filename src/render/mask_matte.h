@@ -21,8 +21,7 @@ class MaskMatte {
   MaskMatte& operator=(const MaskMatte&) = delete;
 
   // Takes the drawn output back to the input where the mask leaves the layer out. Without a mask of that number, and
-  // when the host failed while it was read, the output stays as it is. input and output must
-  // be of one format.
+  // when the host failed while it was read, the output stays as it is. input and output must be of one format.
   HostErr apply(const ScopedSuite<PF_WorldSuite2>& worlds, const WorldAccess& access, PF_OutData& out,
                 const RenderBlock& block, const PF_EffectWorld& input, const PF_EffectWorld& output);
 

@@ -5,6 +5,7 @@
 #include <mutex>
 
 #include "description/language/param_index.h"
+#include "host/application.h"
 #include "host/global_data.h"
 #include "host/handle_guards.h"
 #include "host/render_mutex.h"
@@ -155,7 +156,7 @@ HostErr renderEffect(const PF_InData& in, PF_OutData& out, RenderBlock& block,
   const std::lock_guard turn(renderMutex());
   const ScopedSuite<PF_PixelFormatSuite> formatSuite(in.pica_basicP, kPFPixelFormatSuite, kPFPixelFormatSuiteVersion1);
   const ScopedSuite<PF_WorldSuite2> worldSuite(in.pica_basicP, kPFWorldSuite, kPFWorldSuiteVersion2);
-  const bool formatsMissing = in.appl_id == kAppId_PremierePro && !formatSuite;
+  const bool formatsMissing = isVideoEditor(in) && !formatSuite;
   if (!worldSuite || formatsMissing) return worldSuite.error();
   const WorldAccess access(in, suites.iterate8(), worldSuite, formatSuite);
 

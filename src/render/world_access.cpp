@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "host/application.h"
+
 namespace quiltor {
 namespace {
 
@@ -62,7 +64,7 @@ RowContext rowsOf(const PF_InData& in, const PF_EffectWorld& world, WorldFormat 
 }  // namespace
 
 WorldFormat WorldAccess::formatOf(const PF_EffectWorld& world) const {
-  if (in_.appl_id == kAppId_PremierePro && formats_) {
+  if (isVideoEditor(in_) && formats_) {
     PrPixelFormat format = 0;
     PF_EffectWorld asked = world;
     if (formats_->GetPixelFormat(&asked, &format) == PF_Err_NONE) {
