@@ -285,6 +285,24 @@ TEST_F(MaskRender, Answers516WithoutAnyOtherSuiteThatMasksNeed) {
   }
 }
 
+// Deliberate: no mask mixes two formats. Without one the output is drawn in its own.
+TEST_F(MaskRender, Answers516WhenInputAndOutputAreOfTwoFormats) {
+  host.options().masks = {rectangle(1, 0, 0, 2, 2)};
+  World input = filled(4, 3, kInput, WorldFormat::Argb8);
+  for (const PF_PathID mask : {0u, 1u}) {
+    Instance instance(effect);
+    ASSERT_TRUE(instance.setUp().succeeded());
+    instance.setPath(kMask, mask);
+    instance.setChoice(kSource, 1);
+    Instance::ParamArray params = instance.params(&input);
+    World output(WorldFormat::Argb16, 4, 3);
+    const auto result =
+        instance.call({.selector = PF_Cmd_RENDER, .params = params.pointers(), .output = &output.record()});
+    EXPECT_EQ(result.code, mask == 0 ? PF_Err_NONE : PF_Err_BAD_CALLBACK_PARAM);
+    EXPECT_EQ(output.at(3, 2).a, 1) << mask;
+  }
+}
+
 // The host's failures while the mask is read leave the frame unlimited; whatever fails, everything is given back.
 TEST_F(MaskRender, GivesEverythingBackWhicheverMaskCallFails) {
   host.options().masks = {rectangle(8, 0, 0, 2, 2), rectangle(1, 0, 0, 4, 6)};
