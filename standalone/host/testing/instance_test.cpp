@@ -319,6 +319,7 @@ TEST_F(InstanceTest, TellsTheEffectOfItsPaneFirstAndOfItsEndLast) {
   instance.setUp();
   instance.drawControl(kAmount);
   instance.shutDown();
+  host.options().trace = nullptr;
   EXPECT_EQ(calls, (std::vector<std::string>{"PF_Cmd_SEQUENCE_SETUP", "PF_Cmd_EVENT", "PF_Cmd_EVENT", "PF_Cmd_EVENT",
                                              "PF_Cmd_SEQUENCE_SETDOWN"}));
 }
