@@ -44,10 +44,12 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 #
 # Makes the static library quiltor_render_kernels (an interface library without SOURCES) and, with TESTS, the program
 # render_kernels_test, which links the module and nothing above it. TEST_LIBRARIES are linked to that program only.
-# No other test runs beside those that the patterns after ALONE name.
+# TEST_USES
+# are modules that the tests use and the module itself does not. No other test runs beside those that the patterns after
+# ALONE name.
 # Sources and tests whose names end in _posix, _posix_test and so on are for that system only.
 function(quiltor_module name)
-  cmake_parse_arguments(arg "" "" "USES;LIBRARIES;SOURCES;TESTS;TEST_LIBRARIES;ALONE" ${ARGN})
+  cmake_parse_arguments(arg "" "" "USES;LIBRARIES;SOURCES;TESTS;TEST_USES;TEST_LIBRARIES;ALONE" ${ARGN})
   list(FILTER arg_SOURCES EXCLUDE REGEX "_${QUILTOR_OTHER_SYSTEM}[.]cpp$")
   list(FILTER arg_TESTS EXCLUDE REGEX "_${QUILTOR_OTHER_SYSTEM}_test[.]cpp$")
   string(REPLACE "/" "_" target "${name}")
@@ -69,6 +71,10 @@ function(quiltor_module name)
     add_executable(${target}_test ${arg_TESTS})
     target_link_libraries(${target}_test PRIVATE ${library} quiltor_warnings ${arg_TEST_LIBRARIES} GTest::gmock
                                                  GTest::gtest_main)
+    foreach(used IN LISTS arg_TEST_USES)
+      string(REPLACE "/" "_" used_target "${used}")
+      target_link_libraries(${target}_test PRIVATE quiltor_${used_target})
+    endforeach()
     # Another system's programs are run as wholes by windows/run_tests.sh.
     if(CMAKE_CROSSCOMPILING)
       set_property(GLOBAL APPEND PROPERTY QUILTOR_TEST_PROGRAMS "$<TARGET_FILE:${target}_test>")
@@ -86,7 +92,8 @@ function(quiltor_module name)
   endif()
   file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
   list(JOIN arg_USES " " uses)
-  set_property(GLOBAL APPEND PROPERTY QUILTOR_LAYERS "${folder} ${name} ${uses}")
+  list(JOIN arg_TEST_USES " " test_uses)
+  set_property(GLOBAL APPEND PROPERTY QUILTOR_LAYERS "${folder} ${name} ${uses} ${test_uses}")
 endfunction()
 
 # Writes down the programs that windows/run_tests.sh runs.

@@ -2,10 +2,6 @@
 #include <gtest/gtest.h>
 #include <zlib.h>
 
-#ifndef _WIN32
-#include <dlfcn.h>
-#endif
-
 #include <filesystem>
 
 #include "formats/image_file.h"
@@ -13,7 +9,6 @@
 #include "platform/open_files.h"
 #include "platform/scratch_folder.h"
 
-#ifndef _WIN32  // the library is linked into the program
 namespace {
 
 // Whether the library's own function of that name is out of order.
@@ -21,35 +16,30 @@ bool failReadStructure = false;
 bool failWriteStructure = false;
 bool failInfoStructure = false;
 
-template <class Function>
-Function* libraryFunction(const char* name) {
-  return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
-}
-
 }  // namespace
 
-// These stand in front of the library's functions in this program.
+// The linker has the program call these in the place of the library's functions, which have the other names.
 extern "C" {
 
-png_structp png_create_read_struct(png_const_charp version, png_voidp context, png_error_ptr error,
-                                   png_error_ptr warning) {
-  static auto* const real = libraryFunction<decltype(png_create_read_struct)>("png_create_read_struct");
-  return failReadStructure ? nullptr : real(version, context, error, warning);
+decltype(png_create_read_struct) __real_png_create_read_struct;
+decltype(png_create_write_struct) __real_png_create_write_struct;
+decltype(png_create_info_struct) __real_png_create_info_struct;
+
+png_structp __wrap_png_create_read_struct(png_const_charp version, png_voidp context, png_error_ptr error,
+                                          png_error_ptr warning) {
+  return failReadStructure ? nullptr : __real_png_create_read_struct(version, context, error, warning);
 }
 
-png_structp png_create_write_struct(png_const_charp version, png_voidp context, png_error_ptr error,
-                                    png_error_ptr warning) {
-  static auto* const real = libraryFunction<decltype(png_create_write_struct)>("png_create_write_struct");
-  return failWriteStructure ? nullptr : real(version, context, error, warning);
+png_structp __wrap_png_create_write_struct(png_const_charp version, png_voidp context, png_error_ptr error,
+                                           png_error_ptr warning) {
+  return failWriteStructure ? nullptr : __real_png_create_write_struct(version, context, error, warning);
 }
 
-png_infop png_create_info_struct(png_const_structrp png) {
-  static auto* const real = libraryFunction<decltype(png_create_info_struct)>("png_create_info_struct");
-  return failInfoStructure ? nullptr : real(png);
+png_infop __wrap_png_create_info_struct(png_const_structrp png) {
+  return failInfoStructure ? nullptr : __real_png_create_info_struct(png);
 }
 
 }  // extern "C"
-#endif
 
 namespace quiltor {
 namespace {
@@ -57,13 +47,11 @@ namespace {
 class PngErrors : public testing::Test {
  protected:
   PngErrors() { writePng(path_, {.width = 40, .height = 30, .pixels = someBytes(40 * 30 * 3)}); }
-#ifndef _WIN32
   ~PngErrors() override {
     failReadStructure = false;
     failWriteStructure = false;
     failInfoStructure = false;
   }
-#endif
 
   // Does work and gives the number of files that it left open.
   template <class Work>
@@ -82,7 +70,6 @@ class PngErrors : public testing::Test {
   PatternImage image_;
 };
 
-#ifndef _WIN32  // the library is linked into the program
 TEST_F(PngErrors, TheReaderLeavesTheFileOpenWhenItsReadStructureCannotBeMade) {
   failReadStructure = true;
   EXPECT_EQ(filesLeftOpenByLoad(-2), 1);
@@ -94,7 +81,6 @@ TEST_F(PngErrors, TheReaderLeavesTheFileOpenWhenItsInfoStructureCannotBeMade) {
   EXPECT_EQ(filesLeftOpenByLoad(-3), 1);
   EXPECT_EQ(image_.width, 0);
 }
-#endif
 
 TEST_F(PngErrors, TheReaderLeavesTheFileOpenWhenTheLibraryReportsAnErrorAndPrintsNothing) {
   testing::internal::CaptureStderr();
@@ -120,7 +106,6 @@ TEST_F(PngErrors, TheReaderClosesTheFileWhenItsHeaderPromisesMoreThanItCanHold) 
   EXPECT_TRUE(image_.pixels.empty());
 }
 
-#ifndef _WIN32  // the library is linked into the program
 TEST_F(PngErrors, TheWriterCreatesNoFileWhenItsStructuresCannotBeMade) {
   const PatternImage image = {1, 1, 3, {1, 2, 3}};
   const std::string path = scratch_.path("written.png");
@@ -130,7 +115,6 @@ TEST_F(PngErrors, TheWriterCreatesNoFileWhenItsStructuresCannotBeMade) {
   EXPECT_EQ(filesLeftOpen([&] { EXPECT_EQ(SavePngImage(path, image), -3); }), 0);
   EXPECT_FALSE(std::filesystem::exists(path));
 }
-#endif
 
 TEST_F(PngErrors, TheWriterLeavesTheFileOpenWhenTheLibraryReportsAnErrorAndPrintsNothing) {
   testing::internal::CaptureStderr();

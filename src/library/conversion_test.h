@@ -3,11 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#ifndef _WIN32
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
-
 #include <filesystem>
 #include <map>
 #include <random>
@@ -75,22 +70,6 @@ class ConversionTest : public testing::Test {
     for (const auto& [name, bytes] : results()) names.push_back(name);
     return names;
   }
-
-#ifndef _WIN32
-  // Runs the work in a process of its own, with as little right as anyone's.
-  template <class Work>
-  void inProcessOfAnyone(Work work) {
-    const pid_t child = fork();
-    if (child == 0) {
-      const bool ordinary = geteuid() != 0 || (setgid(65534) == 0 && setuid(65534) == 0);
-      if (ordinary) work();
-      _exit(ordinary ? 0 : 1);
-    }
-    int status = -1;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    ASSERT_EQ(status, 0);
-  }
-#endif
 
   DataFolders data_;
 };

@@ -3,11 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#ifndef _WIN32
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
-
+#include <cstdlib>
 #include <filesystem>
 #include <utility>
 
@@ -15,6 +11,7 @@
 #include "library/data_folders.h"
 #include "library/files/folders.h"
 #include "platform/open_files.h"
+#include "platform/testing/test_process.h"
 
 namespace quiltor {
 namespace {
@@ -22,6 +19,14 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
+
+const PatternImage kImage = {1, 1, 3, {10, 20, 30}};
+
+// The word is the picture's path.
+const ProcessWork kLeaveUnfinished("leave a picture unfinished", [](const std::vector<std::string>& words) -> int {
+  UnfinishedPng file(words[0]);
+  std::_Exit(file.write(kImage));
+});
 
 class UnfinishedPngTest : public testing::Test {
  protected:
@@ -34,12 +39,11 @@ class UnfinishedPngTest : public testing::Test {
 
   ScratchFolder scratch_;
   const std::string path_ = scratch_.path("a.png");
-  const PatternImage image_ = {1, 1, 3, {10, 20, 30}};
 };
 
 TEST_F(UnfinishedPngTest, GetsItsNameWhenItIsFinished) {
   UnfinishedPng file(path_);
-  EXPECT_EQ(file.write(image_), 0);
+  EXPECT_EQ(file.write(kImage), 0);
   EXPECT_FALSE(std::filesystem::exists(path_));
   EXPECT_EQ(file.finish(), 0);
   EXPECT_THAT(names(), ElementsAre("a.png"));
@@ -51,7 +55,7 @@ TEST_F(UnfinishedPngTest, GetsItsNameWhenItIsFinished) {
 TEST_F(UnfinishedPngTest, TakesThePlaceOfAFileOfItsName) {
   writeText(path_, "old");
   UnfinishedPng file(path_);
-  EXPECT_EQ(file.write(image_), 0);
+  EXPECT_EQ(file.write(kImage), 0);
   EXPECT_EQ(std::filesystem::file_size(path_), 3u);
   EXPECT_EQ(file.finish(), 0);
   EXPECT_GT(std::filesystem::file_size(path_), 3u);
@@ -59,7 +63,7 @@ TEST_F(UnfinishedPngTest, TakesThePlaceOfAFileOfItsName) {
 
 TEST_F(UnfinishedPngTest, IsNotListed) {
   UnfinishedPng file(path_);
-  EXPECT_EQ(file.write(image_), 0);
+  EXPECT_EQ(file.write(kImage), 0);
   EXPECT_THAT(names(), SizeIs(1));
   std::vector<std::string> listed;
   EXPECT_EQ(listFolder(listed, scratch_.path(), {.recurse = true, .excludeWords = {".cache"}}), 0);
@@ -71,7 +75,7 @@ TEST_F(UnfinishedPngTest, IsNotListed) {
 TEST_F(UnfinishedPngTest, IsGoneWhenItIsNotFinished) {
   {
     UnfinishedPng file(path_);
-    EXPECT_EQ(file.write(image_), 0);
+    EXPECT_EQ(file.write(kImage), 0);
     const UnfinishedPng moved = std::move(file);
     EXPECT_THAT(names(), SizeIs(1));
   }
@@ -82,7 +86,7 @@ TEST_F(UnfinishedPngTest, HandsOnWhyItCannotBeWritten) {
   UnfinishedPng file(path_);
   EXPECT_EQ(file.write({}), -2);
   UnfinishedPng nowhere(scratch_.path("missing/a.png"));
-  EXPECT_EQ(nowhere.write(image_), -1);
+  EXPECT_EQ(nowhere.write(kImage), -1);
 }
 
 TEST_F(UnfinishedPngTest, GivesItsRoomBackWhenItCannotBeWritten) {
@@ -100,25 +104,17 @@ TEST_F(UnfinishedPngTest, CannotBeFinishedWhereAFolderHasItsName) {
   std::filesystem::create_directory(path_);
   {
     UnfinishedPng file(path_);
-    EXPECT_EQ(file.write(image_), 0);
+    EXPECT_EQ(file.write(kImage), 0);
     EXPECT_EQ(file.finish(), -1);
   }
   EXPECT_THAT(names(), ElementsAre("a.png"));
 }
 
-#ifndef _WIN32  // no process is forked there
 TEST_F(UnfinishedPngTest, OfAProcessThatEndedIsDeletedAndNothingElse) {
-  const pid_t child = fork();
-  if (child == 0) {
-    UnfinishedPng file(path_);
-    _exit(file.write(image_));
-  }
-  int status = -1;
-  ASSERT_EQ(waitpid(child, &status, 0), child);
-  ASSERT_EQ(status, 0);
+  ASSERT_EQ(TestProcess(kLeaveUnfinished, {path_}).end(), 0);
   EXPECT_THAT(names(), SizeIs(1));
   UnfinishedPng file(path_);
-  EXPECT_EQ(file.write(image_), 0);
+  EXPECT_EQ(file.write(kImage), 0);
   for (const char* name : {".cache-", ".cache-notes", ".cache-99999999999999999999-1", "old.cache-1-1", "b.png"}) {
     writeText(scratch_.path(name), "x");
   }
@@ -127,7 +123,6 @@ TEST_F(UnfinishedPngTest, OfAProcessThatEndedIsDeletedAndNothingElse) {
   EXPECT_THAT(names(), SizeIs(6));
   EXPECT_EQ(file.finish(), 0);
 }
-#endif
 
 }  // namespace
 }  // namespace quiltor

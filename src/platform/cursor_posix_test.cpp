@@ -16,12 +16,9 @@ std::pair<int32_t, int32_t> positionWith(const std::optional<std::string>& varia
   return {point.x, point.y};
 }
 
-TEST(CursorPosition, IsWhatTheHostSays) {
-  EXPECT_EQ(positionWith("640,480"), std::pair(640, 480));
-  EXPECT_EQ(positionWith("-1920,-3"), std::pair(-1920, -3));
-}
+TEST(CursorVariable, MayBeLeftOfTheFirstScreen) { EXPECT_EQ(positionWith("-1920,-3"), std::pair(-1920, -3)); }
 
-TEST(CursorPosition, IsTheCornerWhenNobodySaysOrNobodyUnderstands) {
+TEST(CursorVariable, IsTheCornerWhenNobodySetItOrNobodyUnderstandsIt) {
   for (const char* text : {"", "640", "640,", ",480", "640;480", "640,480px", "99999999999,1", "1,99999999999"}) {
     EXPECT_EQ(positionWith(text), std::pair(0, 0)) << text;
   }

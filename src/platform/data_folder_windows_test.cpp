@@ -23,12 +23,5 @@ TEST(WindowsDataFolder, DoesNotListenToOtherProgramsVariables) {
   EXPECT_EQ(userDataFolder(), before);
 }
 
-TEST(WindowsDataFolder, IsTheChosenOneWithoutASeparatorAtItsEnd) {
-  const EnvironmentOverride user("QUILTOR_USER_DIR", "C:\\mine\\");
-  const EnvironmentOverride allUsers("QUILTOR_ALLUSERS_DIR", "C:/ours//");
-  EXPECT_EQ(userDataFolder(), "C:\\mine");
-  EXPECT_EQ(allUsersDataFolder(), "C:/ours");
-}
-
 }  // namespace
 }  // namespace quiltor

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "description/language/param_index.h"
+#include "platform/testing/cursor_place.h"
 #include "standalone/host/services/script_runner.h"
 #include "tests/support/instance_test.h"
 
@@ -51,6 +52,7 @@ class ControlTest : public InstanceTest {
     }
   }
 
+  const CursorPlace corner{0, 0};
   standalone::ScriptOutcome outcome;
   std::function<void()> duringScript;
   std::vector<std::string> scripts;

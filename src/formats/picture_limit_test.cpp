@@ -1,6 +1,5 @@
 #include "formats/picture_limit.h"
 
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,12 +18,11 @@ int startedJpegDecoders = 0;
 
 }  // namespace
 
-// This stands in front of the library's function in this program.
-extern "C" boolean jpeg_start_decompress(j_decompress_ptr info) {
-  static auto* const real =
-      reinterpret_cast<decltype(jpeg_start_decompress)*>(dlsym(RTLD_NEXT, "jpeg_start_decompress"));
+// The linker has the program call this in the place of the library's function, which has the other name.
+extern "C" boolean __real_jpeg_start_decompress(j_decompress_ptr info);
+extern "C" boolean __wrap_jpeg_start_decompress(j_decompress_ptr info) {
   ++startedJpegDecoders;
-  return real(info);
+  return __real_jpeg_start_decompress(info);
 }
 
 namespace quiltor {

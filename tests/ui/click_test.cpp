@@ -3,7 +3,8 @@
 
 #include <memory>
 
-#include "tests/support/file_reads.h"
+#include "platform/testing/cursor_place.h"
+#include "platform/testing/file_reads.h"
 #include "tests/support/flat_sequence.h"
 #include "tests/support/png_file.h"
 #include "tests/ui/control_test.h"
@@ -20,7 +21,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing_support::ControlTest;
-using testing_support::FileReads;
 using testing_support::flatSequence;
 using testing_support::liveRecordOf;
 using testing_support::SuiteName;
@@ -93,11 +93,11 @@ TEST_F(Click, WithAnEmptyListOpensTheGallery) {
 
 TEST_F(Click, TellsTheDialogWhereTheMouseIs) {
   writeList(userList());
-  const EnvironmentOverride cursor("QUILTOR_CURSOR", "-1234,567");
+  const CursorPlace elsewhere(613, 407);
   click();
   ASSERT_EQ(scripts.size(), 1u);
-  EXPECT_THAT(scripts[0], HasSubstr("-1234"));
-  EXPECT_THAT(scripts[0], HasSubstr("567"));
+  EXPECT_THAT(scripts[0], HasSubstr("613"));
+  EXPECT_THAT(scripts[0], HasSubstr("407"));
 }
 
 // --- The selection in the script ---

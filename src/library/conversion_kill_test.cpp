@@ -1,11 +1,13 @@
-#include <signal.h>
-
+#include <atomic>
 #include <chrono>
+#include <memory>
 #include <random>
 #include <thread>
 
 #include "formats/image_file.h"
 #include "library/conversion_test.h"
+#include "platform/testing/shared_record.h"
+#include "platform/testing/test_process.h"
 
 namespace quiltor {
 namespace {
@@ -14,21 +16,33 @@ namespace fs = std::filesystem;
 using std::chrono::microseconds;
 using std::chrono::steady_clock;
 
+struct Progress {
+  std::atomic<bool> begun;
+};
+
+// The words are the library and the progress's file; the data folders are known from the environment.
+const ProcessWork kConvertAndTell("convert a library and tell", [](const std::vector<std::string>& words) {
+  const SharedRecord<Progress> progress(words[1]);
+  progress->begun = true;
+  convertLibraryFiles({words[0]}, {words[0]});
+  return 0;
+});
+
 class ConversionKill : public ConversionTest {
  protected:
-  pid_t startConverting() {
-    const pid_t child = fork();
-    if (child == 0) {
-      convert();
-      _exit(0);
-    }
-    return child;
+  // A process that has begun to convert.
+  std::unique_ptr<TestProcess> startConverting() {
+    progress_->begun = false;
+    auto process = std::make_unique<TestProcess>(kConvertAndTell, std::vector{library(), progressFile_});
+    while (!progress_->begun) std::this_thread::yield();
+    return process;
   }
 
   // How long a conversion of everything takes in a process of its own.
   microseconds fullRun() {
+    const auto process = startConverting();
     const auto begin = steady_clock::now();
-    waitpid(startConverting(), nullptr, 0);
+    EXPECT_EQ(process->end(), 0);
     return std::chrono::duration_cast<microseconds>(steady_clock::now() - begin);
   }
 
@@ -36,6 +50,10 @@ class ConversionKill : public ConversionTest {
     fs::remove_all(data_.all("PS Patterns"));
     fs::remove_all(data_.all(".cache"));
   }
+
+ private:
+  const std::string progressFile_ = data_.path("progress");
+  SharedRecord<Progress> progress_{progressFile_};
 };
 
 TEST_F(ConversionKill, At200RandomMomentsLeavesOnlyWholePicturesAndTheNextRunFinishes) {
@@ -62,10 +80,10 @@ TEST_F(ConversionKill, At200RandomMomentsLeavesOnlyWholePicturesAndTheNextRunFin
   int unfinished = 0;
   for (int kills = 0; kills < kKills; ++kills) {
     if (results() == expected) removeResults();
-    const pid_t child = startConverting();
+    const auto process = startConverting();
     std::this_thread::sleep_for(microseconds(moment(random)));
-    kill(child, SIGKILL);
-    ASSERT_EQ(waitpid(child, nullptr, 0), child);
+    process->kill();
+    process->end();
 
     auto found = results();
     std::erase_if(found, [](const auto& file) { return !file.first.ends_with(".png"); });

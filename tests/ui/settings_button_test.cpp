@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "tests/support/file_reads.h"
+#include "platform/testing/file_reads.h"
 #include "tests/support/flat_sequence.h"
 #include "tests/ui/control_test.h"
 
@@ -14,7 +14,6 @@ using standalone::CallResult;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing_support::ControlTest;
-using testing_support::FileReads;
 
 using SettingsButton = ControlTest;
 

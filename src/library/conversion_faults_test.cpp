@@ -1,11 +1,11 @@
-#include <signal.h>
-#include <sys/resource.h>
-
 #include <random>
 #include <thread>
 
 #include "formats/image_file.h"
 #include "library/conversion_test.h"
+#include "platform/testing/locked.h"
+#include "platform/testing/small_disk.h"
+#include "platform/testing/test_process.h"
 
 namespace quiltor {
 namespace {
@@ -18,6 +18,12 @@ using testing::SizeIs;
 using testing::StartsWith;
 
 namespace fs = std::filesystem;
+
+// The word is the library; the data folders are known from the environment.
+const ProcessWork kConvert("convert a library", [](const std::vector<std::string>& words) {
+  convertLibraryFiles({words[0]}, {words[0]});
+  return 0;
+});
 
 class ConversionFaults : public ConversionTest {
  protected:
@@ -57,12 +63,10 @@ class ConversionFaults : public ConversionTest {
 TEST_F(ConversionFaults, AFullDiskInTheMiddleOfAFileLeavesItForTheNextRun) {
   writePatterns(library("Wood.pat"), {.patterns = {greyPattern(), noisePattern(100), greyPattern()}});
   const auto expected = resultsOfAQuietRun();
-  inProcessOfAnyone([&] {
-    signal(SIGXFSZ, SIG_IGN);
-    const rlimit small = {5000, 5000};
-    setrlimit(RLIMIT_FSIZE, &small);
+  {
+    const SmallDisk disk(5000);
     convert();
-  });
+  }
   EXPECT_THAT(resultNames(), ElementsAre("PS Patterns/Wood/Wood_02.png"));
   EXPECT_THAT(log(), Contains("Error saving '" + converted("Wood/Wood_01.png") + "': -5"));
   convert();
@@ -73,12 +77,10 @@ TEST_F(ConversionFaults, AFullDiskLeavesNoThumbnail) {
   writePng(library("a.png"), {.width = 50, .height = 50, .pixels = noise(7500)});
   const auto expected = resultsOfAQuietRun();
   writeText(data_.user("log.txt"), "");
-  inProcessOfAnyone([&] {
-    signal(SIGXFSZ, SIG_IGN);
-    const rlimit small = {1500, 1500};
-    setrlimit(RLIMIT_FSIZE, &small);
+  {
+    const SmallDisk disk(1500);
     convert();
-  });
+  }
   EXPECT_THAT(resultNames(), IsEmpty());
   EXPECT_THAT(log(), SizeIs(2));
   convert();
@@ -88,10 +90,10 @@ TEST_F(ConversionFaults, AFullDiskLeavesNoThumbnail) {
 TEST_F(ConversionFaults, AFolderThatCannotBeWrittenIsLoggedForEachPicture) {
   writeGreyPatterns(library("Wood.pat"), 2);
   writePng(library("a.png"), {.width = 1, .height = 1, .pixels = {1, 2, 3}});
-  fs::permissions(data_.all("."),
-                  fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec);
-  inProcessOfAnyone([&] { convert(); });
-  fs::permissions(data_.all("."), fs::perms::all);
+  {
+    const WriteProtected folder(data_.all("."));
+    EXPECT_TRUE(asOrdinaryUser([&] { convert(); }));
+  }
   EXPECT_THAT(resultNames(), IsEmpty());
   const std::vector<std::string> lines = log();
   ASSERT_THAT(lines, SizeIs(6));
@@ -106,16 +108,15 @@ TEST_F(ConversionFaults, AFolderThatCannotBeReadIsPassedOver) {
     fs::create_directory(library(folder));
     writeGreyPatterns(library(folder) + "/" + folder + ".pat", 1);
   }
-  fs::permissions(library("locked"), fs::perms::none);
-  inProcessOfAnyone([&] { convert(); });
-  fs::permissions(library("locked"), fs::perms::all);
+  const Locked folder(library("locked"));
+  EXPECT_TRUE(asOrdinaryUser([&] { convert(); }));
   EXPECT_THAT(resultNames(), ElementsAre("PS Patterns/a/a_00.png", "PS Patterns/z/z_00.png"));
 }
 
 TEST_F(ConversionFaults, AFileThatCannotBeReadIsPassedOver) {
   for (const char* name : {"a.pat", "locked.pat", "z.pat"}) writeGreyPatterns(library(name), 1);
-  fs::permissions(library("locked.pat"), fs::perms::none);
-  inProcessOfAnyone([&] { convert(); });
+  const Locked file(library("locked.pat"));
+  EXPECT_TRUE(asOrdinaryUser([&] { convert(); }));
   EXPECT_THAT(resultNames(), ElementsAre("PS Patterns/a/a_00.png", "PS Patterns/z/z_00.png"));
 }
 
@@ -133,15 +134,11 @@ TEST_F(ConversionFaults, SeveralWorkersAtOnceMakeTheSame) {
   for (int round = 0; round < 5; ++round) {
     fs::remove_all(data_.all("PS Patterns"));
     fs::remove_all(data_.all(".cache"));
-    const pid_t child = fork();
-    if (child == 0) {
-      work();
-      _exit(0);
-    }
+    TestProcess process(kConvert, {library()});
     std::thread other(work);
     work();
     other.join();
-    ASSERT_EQ(waitpid(child, nullptr, 0), child);
+    ASSERT_EQ(process.end(), 0);
     ASSERT_EQ(results(), expected) << "round " << round;
   }
   EXPECT_THAT(log(), Each(StartsWith("Converting ")));

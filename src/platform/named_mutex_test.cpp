@@ -1,0 +1,137 @@
+#include "platform/named_mutex.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <filesystem>
+#include <mutex>
+#include <random>
+#include <string>
+#include <thread>
+
+#include "platform/environment_override.h"
+#ifndef _WIN32
+#include "platform/named_mutex_posix.h"
+#endif
+#include "platform/scratch_folder.h"
+#include "platform/testing/shared_record.h"
+#include "platform/testing/test_process.h"
+
+namespace quiltor {
+namespace {
+
+constexpr int kTurns = 2000;
+
+// What several threads or processes do between lock() and unlock(): notices when it is not alone.
+struct Room {
+  std::atomic<int> inside;
+  std::atomic<int> meetings;
+  std::atomic<int> visits;
+  std::atomic<bool> locked;
+
+  void visitOften(NamedMutex& mutex) {
+    for (int turn = 0; turn < kTurns; ++turn) {
+      const std::lock_guard lock(mutex);
+      if (inside.fetch_add(1) != 0) ++meetings;
+      std::this_thread::yield();
+      ++visits;
+      inside.fetch_sub(1);
+    }
+  }
+};
+
+// The words are the name, the room's file and an environment variable that differs from the other processes'.
+const ProcessWork kVisitOften("visit a room often", [](const std::vector<std::string>& words) {
+  const EnvironmentOverride different(words[2], words[1]);
+  NamedMutex mutex(words[0]);
+  SharedRecord<Room>(words[1])->visitOften(mutex);
+  return 0;
+});
+
+const ProcessWork kLockForEver("lock for ever", [](const std::vector<std::string>& words) {
+  const SharedRecord<Room> room(words[1]);
+  NamedMutex mutex(words[0]);
+  mutex.lock();
+  room->locked = true;
+  while (true) std::this_thread::sleep_for(std::chrono::hours(1));
+  return 0;
+});
+
+// Each test has a mutex of its own; other programs of the user may be running the same tests.
+class NamedMutexTest : public testing::Test {
+ protected:
+#ifndef _WIN32  // there no file is left of it
+  ~NamedMutexTest() override {
+    for (const char* ending : {"", "OTHER"}) std::filesystem::remove(lockFilePath(name_ + ending));
+  }
+#endif
+
+  void visitWithTwoProcesses(const std::string& firstsVariable, const std::string& secondsVariable) {
+    TestProcess first(kVisitOften, {name_, roomFile_, firstsVariable});
+    TestProcess second(kVisitOften, {name_, roomFile_, secondsVariable});
+    EXPECT_EQ(first.end(), 0);
+    EXPECT_EQ(second.end(), 0);
+    expectApart();
+  }
+  void expectApart() {
+    EXPECT_EQ(room_->meetings, 0);
+    EXPECT_EQ(room_->visits, 2 * kTurns);
+  }
+
+  const std::string name_ = "TEST" + std::to_string(std::random_device()());
+  ScratchFolder scratch_;
+  const std::string roomFile_ = scratch_.path("room");
+  SharedRecord<Room> room_{roomFile_};
+};
+
+TEST_F(NamedMutexTest, KeepsThreadsApart) {
+  NamedMutex mutex(name_);
+  std::thread other([&] { room_->visitOften(mutex); });
+  room_->visitOften(mutex);
+  other.join();
+  expectApart();
+}
+
+TEST_F(NamedMutexTest, KeepsThreadsApartThatMadeItTwice) {
+  const auto work = [&] {
+    NamedMutex mutex(name_);
+    room_->visitOften(mutex);
+  };
+  std::thread other(work);
+  work();
+  other.join();
+  expectApart();
+}
+
+TEST_F(NamedMutexTest, KeepsProcessesApart) { visitWithTwoProcesses("QUILTOR_TEST_NOTHING", "QUILTOR_TEST_NOTHING"); }
+
+TEST_F(NamedMutexTest, KeepsProcessesApartThatHaveDifferentEnvironments) {
+  visitWithTwoProcesses("XDG_RUNTIME_DIR", "TMPDIR");
+}
+
+TEST_F(NamedMutexTest, IsHeldUntilItsOwnerDied) {
+  TestProcess owner(kLockForEver, {name_, roomFile_});
+  while (!room_->locked) std::this_thread::yield();
+  std::atomic<bool> ours = false;
+  std::thread waiting([&] {
+    NamedMutex mutex(name_);
+    const std::lock_guard lock(mutex);
+    ours = true;
+  });
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  EXPECT_FALSE(ours);
+  owner.kill();
+  waiting.join();
+  EXPECT_TRUE(ours);
+  EXPECT_EQ(owner.end(), TestProcess::kKilled);
+}
+
+TEST_F(NamedMutexTest, ADifferentNameIsADifferentMutex) {
+  NamedMutex mutex(name_);
+  NamedMutex other(name_ + "OTHER");
+  const std::lock_guard lock(mutex);
+  std::thread([&] { const std::lock_guard otherLock(other); }).join();
+}
+
+}  // namespace
+}  // namespace quiltor

@@ -1,0 +1,44 @@
+#include "platform/testing/test_process.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <sstream>
+
+#include "platform/testing/test_process_work.h"
+
+namespace quiltor {
+namespace {
+
+// Runs before the first test, and ends the process.
+class WorkInsteadOfTests : public testing::Environment {
+ public:
+  WorkInsteadOfTests(ProcessWork::Function work, std::vector<std::string> words)
+      : work_(work), words_(std::move(words)) {}
+  void SetUp() override { std::_Exit(work_(words_)); }
+
+ private:
+  ProcessWork::Function work_;
+  std::vector<std::string> words_;
+};
+
+}  // namespace
+
+ProcessWork::ProcessWork(const char* name, Function work) : name_(name) {
+  const char* const text = std::getenv(kWorkVariable);
+  if (!text) return;
+  std::istringstream lines(text);
+  std::vector<std::string> words;
+  for (std::string line; std::getline(lines, line);) words.push_back(line);
+  if (words.empty() || words.front() != name) return;
+  words.erase(words.begin());
+  testing::AddGlobalTestEnvironment(new WorkInsteadOfTests(work, std::move(words)));
+}
+
+std::string workText(const ProcessWork& work, const std::vector<std::string>& words) {
+  std::string text = work.name();
+  for (const std::string& word : words) text += "\n" + word;
+  return text;
+}
+
+}  // namespace quiltor
