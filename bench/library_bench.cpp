@@ -1,12 +1,17 @@
 #include <png.h>
 
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <functional>
+#include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 // The library's header needs the C library's to come first.
 #include <jpeglib.h>
@@ -16,10 +21,12 @@
 #include "formats/test_pictures.h"
 #include "library/data_folders.h"
 #include "library/library_conversion.h"
+#include "standalone/cli/convert_command.h"
 #include "standalone/cli/quiet_output.h"
 
 // How much of a conversion's time is its own, and how much that of the libraries that decode and encode: these are
 // given the same bytes, in turns with the conversion. Times are the processor's, which other programs hardly change.
+// And what all cores do for a conversion that waits for them.
 namespace quiltor {
 namespace {
 
@@ -202,6 +209,34 @@ bool benchImages(const DataFolders& data, int count) {
   return made == static_cast<size_t>(count / kRounds * kRounds);
 }
 
+// Elapsed, since it is about cores: a busy machine has none to give.
+double elapsedSeconds(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+// How much sooner `quiltor convert` ends on all cores than on one.
+bool benchCores(const DataFolders& data, int count) {
+  const Files files(data.path("cores"), 0, ".pat", count / kRounds,
+                    [](const std::string& path, uint32_t seed) { writeBytes(path, patternFile(seed).bytes()); });
+  const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
+  bool good = true;
+  const auto convert = [&](std::size_t atOnce) {
+    std::ostringstream out, err;
+    const std::string output = data.path("cores-" + std::to_string(atOnce));
+    good = standalone::runConvert({{files.folder()}, output, atOnce}, {out, err}) && good;
+  };
+  double alone = 0, together = 0;
+  for (int round = 0; round < kRounds; ++round) {
+    alone += elapsedSeconds([&] { convert(1); });
+    together += elapsedSeconds([&] { convert(cores); });
+  }
+  std::printf("%-34s %6d files %7.2f s on one core, %.2f s on %zu: %.2f times as fast\n", "quiltor convert, elapsed",
+              count / kRounds, alone / kRounds, together / kRounds, cores, alone / together);
+  return good;
+}
+
 }  // namespace
 }  // namespace quiltor
 
@@ -210,7 +245,8 @@ int main() {
   const char* const wanted = std::getenv("QUILTOR_BENCH_FILES");
   const int files = wanted ? std::atoi(wanted) : 10;
   const quiltor::DataFolders data;
-  if (!quiltor::benchPatterns(data, files) || !quiltor::benchImages(data, files * 10)) {
+  if (!quiltor::benchPatterns(data, files) || !quiltor::benchImages(data, files * 10) ||
+      !quiltor::benchCores(data, files)) {
     std::fprintf(stderr, "library_bench: not all files were converted\n");
     return 1;
   }

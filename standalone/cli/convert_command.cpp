@@ -1,9 +1,12 @@
 #include "standalone/cli/convert_command.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <filesystem>
+#include <future>
 #include <map>
 #include <set>
 #include <system_error>
@@ -14,8 +17,10 @@
 #include "library/unfinished_png.h"
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/line_text.h"
+#include "standalone/cli/parallel_work.h"
 #include "standalone/cli/pattern_report.h"
 #include "standalone/cli/progress_bar.h"
+#include "standalone/cli/quiet_output.h"
 
 namespace quiltor::standalone {
 namespace {
@@ -38,18 +43,40 @@ const char* describeSaving(int32_t result) {
   return result == kCannotCreate ? "it cannot be created" : "writing failed; is the disk full?";
 }
 
+// Null when the picture stands there.
+const char* save(PsPattern pattern, const std::string& target) {
+  const PatternImage image = {static_cast<int32_t>(pattern.width), static_cast<int32_t>(pattern.height), 4,
+                              std::move(pattern.pixels)};
+  UnfinishedPng file(target);
+  int32_t result = file.write(image);
+  if (result == 0) result = file.finish();
+  return result == 0 ? nullptr : describeSaving(result);
+}
+
+// Reads the next files and writes pictures on all cores. What decides between files and what is told goes file by file,
+// so it is the same on one core.
 class Conversion {
  public:
   Conversion(const ConvertOptions& options, const Console& console)
-      : output_(folderPath(options.output)), progress_(console) {
+      : output_(folderPath(options.output)), progress_(console), work_(options.atOnce) {
     for (const std::string& source : options.sources) find(source);
   }
 
   void run() {
-    for (std::size_t i = 0; i < files_.size(); ++i) {
-      progress_.show(i, files_.size(), std::filesystem::path(files_[i]).filename().string());
-      convertFile(files_[i]);
+    const auto tellRest = [&] {
+      while (!converting_.empty()) tellOfFirst();
+    };
+    showProgress();
+    try {
+      for (const std::string& path : files_) {
+        converting_.push_back({path, {}, {}});
+        convert(converting_.back());
+      }
+    } catch (...) {
+      tellRest();
+      throw;
     }
+    tellRest();
   }
 
   bool succeeded() const { return failures_ == 0; }
@@ -60,6 +87,16 @@ class Conversion {
   }
 
  private:
+  struct Saving {
+    std::string pattern, target;
+    std::future<const char*> problem;
+  };
+  struct FileConversion {
+    std::string path;
+    std::vector<std::string> problems;
+    std::vector<Saving> savings;
+  };
+
   void fail(const std::string& file, const std::string& problem) {
     ++failures_;
     progress_.complain("quiltor: " + printable(file + ": " + problem));
@@ -84,45 +121,70 @@ class Conversion {
     }
   }
 
-  void convertFile(const std::string& path) {
-    const std::string name = patternFileName(path);
-    if (name.empty() || name == "." || name == "..") return fail(path, "its name leaves none for a folder");
-    PatternsOfFile file = readPatterns(path);
-    const std::vector<std::string> problems = describeFailures(file.report, file.refused);
-    for (const std::string& problem : problems) fail(path, problem);
-    if (file.patterns.empty() && problems.empty()) fail(path, "it holds no patterns");
-    if (file.patterns.empty()) return;
-    const auto [other, first] = sources_.emplace(name, path);
-    if (!first) return fail(path, "its pictures would replace those of " + other->second);
-    const std::string folder = convertedPatternFolder(output_, name);
-    if (!createFolderChain(folder)) return fail(path, "the folder " + folder + " cannot be made");
-    removeUnfinished(folder);
-    const std::size_t before = patterns_;
-    savePatterns(path, name, file);
-    if (patterns_ > before) ++convertedFiles_;
+  void showProgress() {
+    if (told_ == files_.size()) return;
+    progress_.show(told_, files_.size(), std::filesystem::path(files_[told_]).filename().string());
   }
 
-  void savePatterns(const std::string& path, const std::string& name, PatternsOfFile& file) {
+  PatternsOfFile nextFile() {
+    while (reading_.size() < work_.atOnce() && readingStarted_ < files_.size()) {
+      reading_.push_back(work_.start([&path = files_[readingStarted_]] { return readPatterns(path); }));
+      ++readingStarted_;
+    }
+    std::future<PatternsOfFile> next = std::move(reading_.front());
+    reading_.pop_front();
+    return next.get();
+  }
+
+  void convert(FileConversion& conversion) {
+    const auto fail = [&](const std::string& problem) { conversion.problems.push_back(problem); };
+    PatternsOfFile file = nextFile();
+    const std::string name = patternFileName(conversion.path);
+    if (name.empty() || name == "." || name == "..") return fail("its name leaves none for a folder");
+    conversion.problems = describeFailures(file.report, file.refused);
+    if (file.patterns.empty() && conversion.problems.empty()) fail("it holds no patterns");
+    if (file.patterns.empty()) return;
+    const auto [other, first] = sources_.emplace(name, conversion.path);
+    if (!first) return fail("its pictures would replace those of " + other->second);
+    const std::string folder = convertedPatternFolder(output_, name);
+    if (!createFolderChain(folder)) return fail("the folder " + folder + " cannot be made");
+    removeUnfinished(folder);
     const std::vector<std::size_t> places = placesOf(file);
     for (std::size_t i = 0; i < file.patterns.size(); ++i) {
-      PsPattern& pattern = *file.patterns[i];
-      const std::string target = convertedPatternPath(output_, name, i);
-      if (const char* problem = save(pattern, target)) {
-        fail(path, describePlace(places[i], pattern.name) + ": " + target + ": " + problem);
-      } else {
-        ++patterns_;
-      }
-      file.patterns[i].reset();
+      startSaving(conversion, std::move(*file.patterns[i]), places[i], convertedPatternPath(output_, name, i));
     }
   }
 
-  static const char* save(PsPattern& pattern, const std::string& target) {
-    const PatternImage image = {static_cast<int32_t>(pattern.width), static_cast<int32_t>(pattern.height), 4,
-                                std::move(pattern.pixels)};
-    UnfinishedPng file(target);
-    int32_t result = file.write(image);
-    if (result == 0) result = file.finish();
-    return result == 0 ? nullptr : describeSaving(result);
+  void startSaving(FileConversion& conversion, PsPattern pattern, std::size_t place, const std::string& target) {
+    std::string described = describePlace(place, pattern.name);
+    auto problem =
+        work_.start([pattern = std::move(pattern), target]() mutable { return save(std::move(pattern), target); });
+    conversion.savings.push_back({std::move(described), target, std::move(problem)});
+    // Of the last one, not all pictures may have been started.
+    while (converting_.size() > 1 && isFinished(converting_.front())) tellOfFirst();
+  }
+
+  static bool isFinished(const FileConversion& conversion) {
+    return std::ranges::all_of(conversion.savings, [](const Saving& saving) {
+      return saving.problem.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+    });
+  }
+
+  void tellOfFirst() {
+    FileConversion conversion = std::move(converting_.front());
+    converting_.pop_front();
+    for (const std::string& problem : conversion.problems) fail(conversion.path, problem);
+    const std::size_t before = patterns_;
+    for (Saving& saving : conversion.savings) {
+      if (const char* problem = saving.problem.get()) {
+        fail(conversion.path, saving.pattern + ": " + saving.target + ": " + problem);
+      } else {
+        ++patterns_;
+      }
+    }
+    if (patterns_ > before) ++convertedFiles_;
+    ++told_;
+    showProgress();
   }
 
   const std::string output_;
@@ -131,6 +193,10 @@ class Conversion {
   std::set<std::string> known_;
   std::map<std::string, std::string> sources_;  // of what stands in the output, by its name
   std::size_t convertedFiles_ = 0, patterns_ = 0, failures_ = 0;
+  std::size_t readingStarted_ = 0, told_ = 0;  // of the files
+  ParallelWork work_;
+  std::deque<std::future<PatternsOfFile>> reading_;  // the next files, in their order
+  std::deque<FileConversion> converting_;            // of the files that are not told of yet
 };
 
 }  // namespace
@@ -143,6 +209,7 @@ bool runConvert(const ConvertOptions& options, const Console& console) {
   std::string summary;
   bool succeeded = false;
   {
+    const QuietOutput quiet;
     Conversion conversion(options, console);
     conversion.run();
     summary = conversion.summary();

@@ -12,6 +12,7 @@
 #include "standalone/cli/line_text.h"
 #include "standalone/cli/near_miss.h"
 #include "standalone/cli/pattern_report.h"
+#include "standalone/cli/quiet_output.h"
 
 namespace quiltor::standalone {
 namespace {
@@ -46,7 +47,7 @@ std::string listed(const PsPatterns& patterns) {
 
 class Chooser {
  public:
-  explicit Chooser(const PatternChoice& choice) : choice_(choice), file_(readPatterns(choice.file)) {}
+  explicit Chooser(const PatternChoice& choice) : choice_(choice), file_(readQuietly(choice.file)) {}
 
   PsPattern choose() {
     if (file_.patterns.empty()) failUnread();
@@ -64,6 +65,11 @@ class Chooser {
   }
 
  private:
+  static PatternsOfFile readQuietly(const std::string& path) {
+    const QuietOutput quiet;
+    return readPatterns(path);
+  }
+
   const PsPatterns& patterns() const { return file_.patterns; }
 
   [[noreturn]] void fail(const std::string& problem) const {

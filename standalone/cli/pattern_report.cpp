@@ -4,12 +4,10 @@
 
 #include "standalone/cli/line_text.h"
 #include "standalone/cli/near_miss.h"
-#include "standalone/cli/quiet_output.h"
 
 namespace quiltor::standalone {
 
 PatternsOfFile readPatterns(const std::string& path) {
-  const QuietOutput quiet;
   PatternsOfFile file;
   file.refused = loadPatternFile(path, file.patterns, &file.report) != 0;
   return file;

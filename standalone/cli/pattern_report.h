@@ -16,7 +16,8 @@ struct PatternsOfFile {
   bool refused = false;  // no pattern file at all; report.problem says why
 };
 
-// Reads the whole file and prints nothing.
+// Reads the whole file. Prints the names of the patterns, so the caller needs a QuietOutput: the standard output is the
+// whole process's, and several files may be read at once.
 [[nodiscard]] PatternsOfFile readPatterns(const std::string& path);
 
 // `4th pattern "Bricks"`: by its place in the file from 0, unreadable patterns counted.

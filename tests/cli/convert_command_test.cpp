@@ -3,11 +3,14 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "formats/image_file.h"
 #include "formats/test_pattern_reading.h"
+#include "standalone/cli/convert_command.h"
 #include "tests/cli/command_line_run.h"
 
 namespace quiltor::standalone {
@@ -36,6 +39,22 @@ class ConvertCommandTest : public CommandLineTest {
     sources.insert(sources.begin(), "convert");
     sources.insert(sources.end(), {"-o", output});
     return run(sources);
+  }
+
+  // Some take longer to pack than others.
+  static TestPattern grainy(int seed) {
+    TestPattern pattern = greyPattern(u"Grain");
+    pattern.rectangle = {.bottom = 100, .right = 16 + static_cast<uint32_t>(seed) % 7 * 40};
+    pattern.planes[0].samples = someBytes(size_t{100} * pattern.rectangle.width());
+    pattern.planes[0].samples[0] = static_cast<uint8_t>(seed);
+    return pattern;
+  }
+
+  // Of a conversion that somebody watches.
+  Outcome convertAtOnce(std::size_t count, const std::string& source) {
+    std::ostringstream out, err;
+    const bool good = runConvert({{source}, output, count}, {out, err, true});
+    return {good ? 0 : 1, out.str(), err.str()};
   }
 
   // All files below the output folder.
@@ -188,6 +207,33 @@ TEST_F(ConvertCommandTest, refusesAnOutputThatIsAFile) {
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err, "quiltor: --output: " + output + ": it is a file, expected a folder\n");
   EXPECT_EQ(outcome.out, "");
+}
+
+TEST_F(ConvertCommandTest, makesAndTellsTheSameHoweverManyAtOnce) {
+  for (int i = 0; i < 30; ++i) {
+    const std::string name = std::to_string(i);
+    std::vector<TestPattern> patterns{grainy(i), grainy(i + 1), bitmap(), grainy(i + 3)};
+    if (i % 5 == 1) patterns = {bitmap()};
+    if (i % 5 == 2) patterns.resize(1);
+    write("in/" + name + ".pat", patterns);
+    if (i % 4 == 0) write("in/same/" + name + ".pat", {rgbPattern()});
+    if (i % 5 == 3) std::ofstream(folder.path("in/" + name + ".text.pat")) << "no pattern";
+    if (i % 5 == 4) std::filesystem::create_directories(output + "/" + name + "/" + name + "_01.png");
+  }
+  const Outcome alone = convertAtOnce(1, folder.path("in"));
+  const auto names = made();
+  std::map<std::string, Bytes> pictures;
+  for (const std::string& name : names) pictures[name] = readBytes(output + "/" + name);
+  EXPECT_THAT(alone.out, HasSubstr("25 files, 55 patterns"));
+  EXPECT_THAT(alone.err, AllOf(HasSubstr("it cannot be created"), HasSubstr("would replace those of")));
+  for (const std::size_t count : {2U, 3U, 16U}) {
+    for (const std::string& name : names) std::filesystem::remove(output + "/" + name);
+    const Outcome outcome = convertAtOnce(count, folder.path("in"));
+    EXPECT_EQ(outcome.err, alone.err) << count;
+    EXPECT_EQ(outcome.out, alone.out) << count;
+    EXPECT_EQ(made(), names) << count;
+    for (const std::string& name : names) EXPECT_EQ(readBytes(output + "/" + name), pictures[name]) << count << name;
+  }
 }
 
 TEST_F(ConvertCommandTest, keepsTheNamesOfThePatternsFromTheOutput) {
