@@ -14,6 +14,10 @@ struct DecodedPicture {
   std::vector<unsigned char> samples;
 };
 
+[[nodiscard]] inline std::size_t rowBytes(const DecodedPicture& picture) {
+  return static_cast<std::size_t>(picture.width) * 4 * static_cast<std::size_t>(picture.bytesPerSample);
+}
+
 // Beyond this a header is more likely damaged than true.
 inline constexpr std::size_t kMaxPixels = std::size_t{1} << 28;
 inline constexpr const char* kTooLarge = "it has more than 2^28 pixels";

@@ -75,9 +75,8 @@ bool writeAll(png_structp png, png_infop info, const DecodedPicture& picture, pn
 }
 
 void setRows(PngJob& job, unsigned char* samples, const DecodedPicture& picture) {
-  const std::size_t stride =
-      static_cast<std::size_t>(picture.width) * 4 * static_cast<std::size_t>(picture.bytesPerSample);
-  for (int y = 0; y < picture.height; ++y) job.rows.push_back(samples + static_cast<std::size_t>(y) * stride);
+  for (int y = 0; y < picture.height; ++y)
+    job.rows.push_back(samples + static_cast<std::size_t>(y) * rowBytes(picture));
 }
 
 }  // namespace

@@ -40,24 +40,35 @@ double sampleAt(const DecodedPicture& picture, std::size_t index) {
   return (picture.samples[2 * index] * 256 + picture.samples[2 * index + 1]) / 65535.0;
 }
 
-void appendSample(std::vector<unsigned char>& row, double value, int bytesPerSample) {
+// Returns where the next sample goes.
+unsigned char* putSample(unsigned char* place, double value, int bytesPerSample) {
   // The comparison sends not-a-number to 0.
   const double clamped = value > 0 ? std::min(value, 1.0) : 0.0;
   const long sample = std::lround(clamped * (bytesPerSample == 1 ? 255 : 65535));
-  if (bytesPerSample == 2) row.push_back(static_cast<unsigned char>(sample >> 8));
-  row.push_back(static_cast<unsigned char>(sample & 255));
+  if (bytesPerSample == 2) *place++ = static_cast<unsigned char>(sample >> 8);
+  *place++ = static_cast<unsigned char>(sample & 255);
+  return place;
 }
+
+bool has8Bits(const World& world) { return bytesPerPixel(world.format()) == 4; }
 
 DecodedPicture picture8or16(const World& world) {
   DecodedPicture picture;
   picture.width = world.width();
   picture.height = world.height();
-  picture.bytesPerSample = bytesPerPixel(world.format()) == 4 ? 1 : 2;
+  picture.bytesPerSample = has8Bits(world) ? 1 : 2;
+  picture.samples.resize(rowBytes(picture) * static_cast<std::size_t>(picture.height));
+  unsigned char* place = picture.samples.data();
   for (int y = 0; y < world.height(); ++y) {
+    if (has8Bits(world)) {
+      world.copyRow8(y, place);
+      place += rowBytes(picture);
+      continue;
+    }
     for (int x = 0; x < world.width(); ++x) {
       const Rgba color = world.at(x, y);
       for (const double value : {color.r, color.g, color.b, color.a}) {
-        appendSample(picture.samples, value, picture.bytesPerSample);
+        place = putSample(place, value, picture.bytesPerSample);
       }
     }
   }
@@ -114,8 +125,13 @@ World readPicture(const std::filesystem::path& path, WorldFormat format) {
   if (!problem.empty()) throw PictureError("cannot read " + path.string() + ": " + problem);
 
   World world(format, picture.width, picture.height);
-  std::size_t index = 0;
   for (int y = 0; y < picture.height; ++y) {
+    const std::size_t row = static_cast<std::size_t>(y) * rowBytes(picture);
+    if (has8Bits(world) && picture.bytesPerSample == 1) {
+      world.setRow8(y, picture.samples.data() + row);
+      continue;
+    }
+    std::size_t index = row / static_cast<std::size_t>(picture.bytesPerSample);
     for (int x = 0; x < picture.width; ++x, index += 4) {
       world.set(x, y,
                 {sampleAt(picture, index), sampleAt(picture, index + 1), sampleAt(picture, index + 2),

@@ -169,9 +169,13 @@ void World::layOut(int width, int height) {
   const std::size_t stride = pixels + static_cast<std::size_t>(rows_.paddingBytes);
   const std::size_t rows = static_cast<std::size_t>(height);
   if (stride > 0x7FFFFFFF) throw std::invalid_argument("a world whose rows are too long");
-  memory_.resize(stride * (rows + 2 * kGuardRows));
-  for (std::size_t i = 0; i < memory_.size(); ++i) memory_[i] = guardByte(i);
-  for (std::size_t y = 0; y < rows; ++y) std::memset(memory_.data() + (y + kGuardRows) * stride, kFresh, pixels);
+  memory_.resize(stride * (rows + 2 * kGuardRows), kFresh);
+  const auto guard = [this](std::size_t from, std::size_t to) {
+    for (std::size_t i = from; i < to; ++i) memory_[i] = guardByte(i);
+  };
+  guard(0, kGuardRows * stride);
+  for (std::size_t y = kGuardRows; y < kGuardRows + rows; ++y) guard(y * stride + pixels, (y + 1) * stride);
+  guard((kGuardRows + rows) * stride, memory_.size());
 
   const std::size_t first = rows_.bottomUp ? kGuardRows + rows - 1 : kGuardRows;
   record_.data = reinterpret_cast<PF_PixelPtr>(memory_.data() + first * stride);
@@ -197,6 +201,28 @@ void World::set(int x, int y, const Rgba& color) {
 
 Rgba World::at(int x, int y) const {
   return loadPixel(format_, row(y) + static_cast<std::ptrdiff_t>(x) * bytesPerPixel(format_));
+}
+
+void World::setRow8(int y, const unsigned char* rgba) {
+  const ChannelOrder order = channelOrder(format_);
+  unsigned char* pixel = row(y);
+  for (int x = 0; x < width(); ++x, pixel += 4, rgba += 4) {
+    pixel[order.r] = rgba[0];
+    pixel[order.g] = rgba[1];
+    pixel[order.b] = rgba[2];
+    pixel[order.a] = rgba[3];
+  }
+}
+
+void World::copyRow8(int y, unsigned char* rgba) const {
+  const ChannelOrder order = channelOrder(format_);
+  const unsigned char* pixel = row(y);
+  for (int x = 0; x < width(); ++x, pixel += 4, rgba += 4) {
+    rgba[0] = pixel[order.r];
+    rgba[1] = pixel[order.g];
+    rgba[2] = pixel[order.b];
+    rgba[3] = pixel[order.a];
+  }
 }
 
 void World::fill(const Rgba& color) {

@@ -59,6 +59,9 @@ class World {
   // Values are rounded to the format's steps; 8 and 16 bits are clamped, float is not.
   void set(int x, int y, const Rgba& color);
   [[nodiscard]] Rgba at(int x, int y) const;
+  // Row y of a world of 8 bits from and to R, G, B, A, 8 bits each, which set and at would round to the same.
+  void setRow8(int y, const unsigned char* rgba);
+  void copyRow8(int y, unsigned char* rgba) const;
   // First byte of row y.
   [[nodiscard]] unsigned char* row(int y);
   [[nodiscard]] const unsigned char* row(int y) const;

@@ -51,6 +51,27 @@ TEST(World, KeepsEightBitValuesThroughEveryFormat) {
   }
 }
 
+TEST(World, SetsAndCopiesRowsOfEightBitsAsItDoesPixels) {
+  constexpr int kWidth = 64, kHeight = 2;
+  std::vector<unsigned char> rgba(std::size_t{4} * kWidth);
+  for (std::size_t i = 0; i < rgba.size(); ++i) rgba[i] = static_cast<unsigned char>(i);
+  for (const WorldFormat format : {WorldFormat::Argb8, WorldFormat::Bgra8}) {
+    World rows(format, kWidth, kHeight, {.paddingBytes = 3, .bottomUp = true}), pixels(format, kWidth, kHeight);
+    for (int y = 0; y < kHeight; ++y) {
+      rows.setRow8(y, rgba.data());
+      for (int x = 0; x < kWidth; ++x) {
+        const unsigned char* const from = rgba.data() + std::ptrdiff_t{4} * x;
+        pixels.set(x, y, {from[0] / 255.0, from[1] / 255.0, from[2] / 255.0, from[3] / 255.0});
+      }
+      std::vector<unsigned char> back(rgba.size());
+      rows.copyRow8(y, back.data());
+      EXPECT_EQ(back, rgba);
+    }
+    EXPECT_EQ(rows.packed(), pixels.packed());
+    EXPECT_EQ(rows.damage(), std::nullopt);
+  }
+}
+
 TEST(World, HasNegativeRowBytesWhenItIsBottomUp) {
   World world(WorldFormat::Argb8, 2, 3, {.paddingBytes = 5, .bottomUp = true});
   EXPECT_EQ(world.record().rowbytes, -(2 * 4 + 5));
