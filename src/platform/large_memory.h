@@ -20,7 +20,7 @@ class LargeMemory {
  private:
   void* memory_ = nullptr;
   void* mapping_ = nullptr;
-  std::size_t mappingBytes_ = 0;
+  [[maybe_unused]] std::size_t mappingBytes_ = 0;  // not every system asks for it again
 };
 
 }  // namespace quiltor

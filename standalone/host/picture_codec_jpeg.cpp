@@ -3,8 +3,10 @@
 
 #include <jpeglib.h>
 
+#include <algorithm>
 #include <csetjmp>
 #include <cstring>
+#include <limits>
 
 #include "standalone/host/picture_codec.h"
 
@@ -43,7 +45,9 @@ bool start(JpegJob& job, const std::vector<unsigned char>& bytes) {
   if (setjmp(job.jump)) return false;
   jpeg_create_decompress(&job.reader);
   job.reader.client_data = &job;
-  jpeg_mem_src(&job.reader, bytes.data(), bytes.size());
+  // The library counts bytes in 32 bits on some systems. No picture that is small enough takes more.
+  const std::size_t length = std::min<std::size_t>(bytes.size(), std::numeric_limits<unsigned long>::max());
+  jpeg_mem_src(&job.reader, bytes.data(), static_cast<unsigned long>(length));
   jpeg_read_header(&job.reader, TRUE);
   job.reader.out_color_space = job.reader.num_components == 4 ? JCS_CMYK : JCS_RGB;
   jpeg_start_decompress(&job.reader);
