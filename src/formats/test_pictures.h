@@ -12,6 +12,9 @@
 // The library's header needs the C library's to come first.
 #include <jpeglib.h>
 
+#include "base/utf8_path.h"
+#include "platform/file.h"
+
 namespace quiltor {
 
 using Bytes = std::vector<uint8_t>;
@@ -32,7 +35,7 @@ struct PngContents {
 inline size_t rowBytes(const PngContents& contents) { return contents.pixels.size() / contents.height; }
 
 inline void writePng(const std::string& path, PngContents contents) {
-  std::FILE* file = std::fopen(path.c_str(), "wb");
+  std::FILE* file = openFile(path, "wb");
   png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
   png_infop info = png_create_info_struct(png);
   png_init_io(png, file);
@@ -67,7 +70,7 @@ struct JpegContents {
 };
 
 inline void writeJpeg(const std::string& path, JpegContents contents) {
-  std::FILE* file = std::fopen(path.c_str(), "wb");
+  std::FILE* file = openFile(path, "wb");
   jpeg_compress_struct info = {};
   jpeg_error_mgr errors;
   info.err = jpeg_std_error(&errors);
@@ -103,14 +106,15 @@ inline Bytes someBytes(size_t count) {
 }
 
 inline Bytes readBytes(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(pathFromUtf8(path), std::ios::binary);
   return Bytes(std::istreambuf_iterator<char>(file), {});
 }
 
 inline void writeBytes(const std::string& path, const Bytes& bytes) {
   // Some file systems wait for the disk when a file is overwritten.
-  std::filesystem::remove(path);
-  std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
+  std::filesystem::remove(pathFromUtf8(path));
+  std::ofstream(pathFromUtf8(path), std::ios::binary)
+      .write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
 }
 
 }  // namespace quiltor

@@ -5,14 +5,16 @@
 #include <string>
 #include <utility>
 
+#include "base/utf8_path.h"
+
 namespace quiltor {
 
-// For tests: gives an environment variable another value, or none, until the end of the scope. Not while other threads
-// read the environment.
+// For tests: gives an environment variable another value (UTF-8), or none, until the end of the scope. Not while other
+// threads read the environment.
 class EnvironmentOverride {
  public:
-  EnvironmentOverride(std::string name, const std::optional<std::string>& value) : name_(std::move(name)) {
-    if (const char* before = std::getenv(name_.c_str())) before_ = before;
+  EnvironmentOverride(std::string name, const std::optional<std::string>& value)
+      : name_(std::move(name)), before_(valueOf(name_)) {
     set(value);
   }
   ~EnvironmentOverride() { set(before_); }
@@ -23,7 +25,7 @@ class EnvironmentOverride {
   void set(const std::optional<std::string>& value) {
 #ifdef _WIN32
     // An empty value takes the variable away.
-    _putenv_s(name_.c_str(), value.value_or("").c_str());
+    _wputenv_s(pathFromUtf8(name_).c_str(), pathFromUtf8(value.value_or("")).c_str());
 #else
     if (value) {
       setenv(name_.c_str(), value->c_str(), 1);
@@ -33,8 +35,18 @@ class EnvironmentOverride {
 #endif
   }
 
-  std::string name_;
-  std::optional<std::string> before_;
+  static std::optional<std::string> valueOf(const std::string& name) {
+#ifdef _WIN32
+    const wchar_t* const value = _wgetenv(pathFromUtf8(name).c_str());
+    return value ? std::optional(utf8FromPath(value)) : std::nullopt;
+#else
+    const char* const value = std::getenv(name.c_str());
+    return value ? std::optional<std::string>(value) : std::nullopt;
+#endif
+  }
+
+  const std::string name_;
+  const std::optional<std::string> before_;
 };
 
 }  // namespace quiltor

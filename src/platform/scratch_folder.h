@@ -5,6 +5,8 @@
 #include <string>
 #include <system_error>
 
+#include "base/utf8_path.h"
+
 namespace quiltor {
 
 // For tests: a new, empty folder that goes away with everything in it at the end of the scope.
@@ -23,7 +25,7 @@ class ScratchFolder {
   ScratchFolder(const ScratchFolder&) = delete;
   ScratchFolder& operator=(const ScratchFolder&) = delete;
 
-  std::string path() const { return path_.generic_string(); }
+  std::string path() const { return genericUtf8FromPath(path_); }
   // The path of a file or folder in here, made or not.
   std::string path(const std::string& name) const { return path() + "/" + name; }
 

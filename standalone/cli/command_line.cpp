@@ -19,6 +19,7 @@
 #include "standalone/cli/panel_command.h"
 #include "standalone/cli/params_command.h"
 #include "standalone/cli/render_command.h"
+#include "standalone/cli/typed_path.h"
 #include "standalone/cli/validate_command.h"
 
 namespace quiltor::standalone {
@@ -26,6 +27,7 @@ namespace {
 
 constexpr int kFailure = 1;
 constexpr int kWrongUse = 2;
+constexpr char kPluginText[] = "The effect module; the Quiltor module beside this program without it";
 
 A_long requireHost(const std::string& name) {
   if (name == "after-effects") return kAppId_AfterEffects;
@@ -34,9 +36,7 @@ A_long requireHost(const std::string& name) {
 }
 
 void addSessionOptions(CLI::App& command, SessionOptions& session) {
-  command
-      .add_option("--plugin", session.module, "The effect module; the Quiltor module beside this program without it")
-      ->type_name("PATH");
+  addPath(command, "--plugin", session.module, kPluginText)->type_name("PATH");
   command.add_flag("--trace", session.trace, "Print every selector, suite and script that the module touches");
   command
       .add_option_function<std::string>(
@@ -89,20 +89,19 @@ void addTransformOptions(CLI::App& command, RenderOptions& render) {
 
 CLI::App* addRender(CLI::App& app, RenderOptions& render, SessionOptions& session) {
   CLI::App* const command = app.add_subcommand("render", "Render a picture with the effect");
-  command->add_option("INPUT", render.input, "The layer: PNG or JPEG")->required()->type_name("");
-  command->add_option("-o,--output", render.output, "The picture to write: PNG, 16 bits where the depth is more than 8")
+  addPath(*command, "INPUT", render.input, "The layer: PNG or JPEG")->required()->type_name("");
+  addPath(*command, "-o,--output", render.output, "The picture to write: PNG, 16 bits where the depth is more than 8")
       ->required()
       ->type_name("FILE");
   CLI::Option* const pattern =
       command->add_option("--pattern", render.pattern,
                           "The pattern: PNG, JPEG, FILE.pat#INDEX or FILE.pat#NAME; the placeholder without it");
   pattern->type_name("FILE");
-  command->add_option("--pattern-layer", render.patternLayer, "Take the pattern from a layer: PNG or JPEG")
+  addPath(*command, "--pattern-layer", render.patternLayer, "Take the pattern from a layer: PNG or JPEG")
       ->type_name("FILE")
       ->excludes(pattern);
-  command
-      ->add_option("--masks", render.masks,
-                   "The layer's masks: JSON, as README.md describes it; --set mask=ID then chooses one")
+  addPath(*command, "--masks", render.masks,
+          "The layer's masks: JSON, as README.md describes it; --set mask=ID then chooses one")
       ->type_name("FILE");
   command
       ->add_option("--set", render.assignments,
@@ -143,7 +142,7 @@ CLI::App* addPanel(CLI::App& app, PanelOptions& panel, SessionOptions& session) 
       ->add_option("--pattern", panel.pattern,
                    "What the pattern control shows: PNG, JPEG, FILE.pat#INDEX or FILE.pat#NAME")
       ->type_name("FILE");
-  command->add_option("--draw", panel.drawing, "Draw the pattern control: PNG")->type_name("FILE");
+  addPath(*command, "--draw", panel.drawing, "Draw the pattern control: PNG")->type_name("FILE");
   addSessionOptions(*command, session);
   command->footer("Example:\n  quiltor panel --set source=Layer");
   return command;
@@ -216,7 +215,7 @@ void addLibrary(CLI::App& app, LibraryCommands& commands) {
   sheet->add_option("NAME", commands.sheet.library, "The library; `quiltor library list` names them")
       ->required()
       ->type_name("");
-  sheet->add_option("-o,--output", commands.sheet.output, "The picture to write: PNG")->required()->type_name("FILE");
+  addPath(*sheet, "-o,--output", commands.sheet.output, "The picture to write: PNG")->required()->type_name("FILE");
   sheet->footer("Example:\n  quiltor library sheet Textures -o sheet.png");
 }
 
@@ -238,9 +237,7 @@ bool runLibrary(const LibraryCommands& commands, const Console& console) {
 CLI::App* addValidate(CLI::App& app, ValidateOptions& validate) {
   CLI::App* const command =
       app.add_subcommand("validate", "Check an effect module against the rules that hosts rely on");
-  command
-      ->add_option("--plugin", validate.module, "The effect module; the Quiltor module beside this program without it")
-      ->type_name("PATH");
+  addPath(*command, "--plugin", validate.module, kPluginText)->type_name("PATH");
   command->add_option("--check", validate.checks, "Run this check alone; may be repeated")
       ->type_name("NAME")
       ->allow_extra_args(false);
@@ -251,7 +248,7 @@ CLI::App* addValidate(CLI::App& app, ValidateOptions& validate) {
       ->check(CLI::Range(0.1, 86400.0).name(""));
   CLI::Option* const inProcess =
       command->add_flag("--in-process", validate.inProcess, "Run the one check in this process, for a debugger");
-  command->add_option("--result", validate.result, "A folder for the check's result")
+  addPath(*command, "--result", validate.result, "A folder for the check's result")
       ->type_name("FOLDER")
       ->needs(inProcess)
       ->group("");

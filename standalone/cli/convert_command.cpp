@@ -12,6 +12,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/utf8_path.h"
 #include "library/cache_names.h"
 #include "library/files/folders.h"
 #include "library/unfinished_png.h"
@@ -21,20 +22,15 @@
 #include "standalone/cli/pattern_report.h"
 #include "standalone/cli/progress_bar.h"
 #include "standalone/cli/quiet_output.h"
+#include "standalone/cli/typed_path.h"
 
 namespace quiltor::standalone {
 namespace {
 
-// Without the separators at its end.
-std::string folderPath(std::string path) {
-  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
-  return path;
-}
-
 std::string identity(const std::string& path) {
   std::error_code error;
-  const auto canonical = std::filesystem::weakly_canonical(path, error);
-  return error ? path : canonical.string();
+  const auto canonical = std::filesystem::weakly_canonical(pathFromUtf8(path), error);
+  return error ? path : utf8FromPath(canonical);
 }
 
 const char* describeSaving(int32_t result) {
@@ -58,7 +54,7 @@ const char* save(PsPattern pattern, const std::string& target) {
 class Conversion {
  public:
   Conversion(const ConvertOptions& options, const Console& console)
-      : output_(folderPath(options.output)), progress_(console), work_(options.atOnce) {
+      : output_(withoutSeparatorAtEnd(pathFromUtf8(options.output))), progress_(console), work_(options.atOnce) {
     for (const std::string& source : options.sources) find(source);
   }
 
@@ -105,7 +101,8 @@ class Conversion {
   void find(const std::string& source) {
     std::vector<std::string> found;
     if (isFolder(source)) {
-      if (listFolder(found, folderPath(source), {.recurse = true, .includeWords = {".pat"}}) != 0) {
+      if (listFolder(found, withoutSeparatorAtEnd(pathFromUtf8(source)), {.recurse = true, .includeWords = {".pat"}}) !=
+          0) {
         return fail(source, "the folder cannot be read");
       }
       std::erase_if(found, [](const std::string& path) { return !endsAsPatternFile(path); });
@@ -123,7 +120,7 @@ class Conversion {
 
   void showProgress() {
     if (told_ == files_.size()) return;
-    progress_.show(told_, files_.size(), std::filesystem::path(files_[told_]).filename().string());
+    progress_.show(told_, files_.size(), utf8FromPath(pathFromUtf8(files_[told_]).filename()));
   }
 
   PatternsOfFile nextFile() {
@@ -203,7 +200,7 @@ class Conversion {
 
 bool runConvert(const ConvertOptions& options, const Console& console) {
   std::error_code error;
-  if (std::filesystem::exists(options.output, error) && !isFolder(options.output)) {
+  if (std::filesystem::exists(pathFromUtf8(options.output), error) && !isFolder(options.output)) {
     throw CommandFailure("--output: " + options.output + ": it is a file, expected a folder");
   }
   std::string summary;

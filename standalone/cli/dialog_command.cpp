@@ -11,14 +11,15 @@
 #include <utility>
 #include <vector>
 
+#include "base/utf8_path.h"
 #include "library/library_config.h"
 #include "library/library_conversion.h"
 #include "standalone/cli/command_error.h"
-#include "standalone/cli/near_miss.h"
 #include "standalone/cli/parameter_lookup.h"
 #include "standalone/cli/progress_bar.h"
 #include "standalone/cli/project_file.h"
 #include "standalone/cli/quiet_output.h"
+#include "standalone/cli/typed_path.h"
 #include "standalone/host/instance.h"
 #include "standalone/host/picture_file.h"
 #include "standalone/scripting/runner/load_dialog_runner.h"
@@ -30,9 +31,9 @@ DialogOptions dialogOptions(const SessionOptions& session, const DialogCommandOp
   DialogOptions dialogs;
   if (!options.headless.empty()) {
     dialogs.steps = readSteps(options.headless);
-    dialogs.stepsName = options.headless.string();
+    dialogs.stepsName = utf8FromPath(options.headless);
   }
-  dialogs.screenshot = options.screenshot.string();
+  dialogs.screenshot = utf8FromPath(options.screenshot);
   dialogs.scale = options.scale;
   dialogs.folder = session.module.parent_path();
   dialogs.out = &out;
@@ -150,9 +151,7 @@ std::string openIn(const SessionOptions& session, const DialogCommandOptions& op
 
 void runGallery(const SessionOptions& session, const DialogCommandOptions& options, const Console& console) {
   if (options.input.empty() != options.output.empty()) throw UsageError("--render and --output belong together");
-  if (!options.output.empty() && !sameName(options.output.extension().string(), ".png")) {
-    throw UsageError("--output: " + options.output.string() + ": expected a name that ends in .png");
-  }
+  if (!options.output.empty()) requirePngName("--output", options.output);
   printResult(openIn(session, options, console, clickOwnControl), console.out);
 }
 

@@ -4,6 +4,7 @@
 
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/number_text.h"
+#include "standalone/cli/typed_path.h"
 
 namespace quiltor::standalone {
 namespace {
@@ -18,14 +19,12 @@ double requireScreenScale(std::string text) {
 }
 
 void addDialogOptions(CLI::App& command, DialogCommandOptions& options) {
-  command
-      .add_option("--headless", options.headless,
-                  "Do the steps in a file in the place of a person, without a screen; "
-                  "standalone/scripting/automation/README.md describes them")
+  addPath(command, "--headless", options.headless,
+          "Do the steps in a file in the place of a person, without a screen; "
+          "standalone/scripting/automation/README.md describes them")
       ->type_name("FILE");
-  command
-      .add_option("--screenshot", options.screenshot,
-                  "Save a picture of the dialog as it opens: PNG; without --headless the dialog is then closed")
+  addPath(command, "--screenshot", options.screenshot,
+          "Save a picture of the dialog as it opens: PNG; without --headless the dialog is then closed")
       ->type_name("FILE");
   command
       .add_option_function<std::string>(
@@ -39,12 +38,11 @@ void addDialogOptions(CLI::App& command, DialogCommandOptions& options) {
 CLI::App* addGallery(CLI::App& app, DialogCommandOptions& options) {
   CLI::App* const command = app.add_subcommand("gallery", "Pick a pattern, as a click on the pattern control does");
   addDialogOptions(*command, options);
-  command
-      ->add_option("--project", options.project,
-                   "Start with the pattern that the file keeps, and keep the one that was picked")
+  addPath(*command, "--project", options.project,
+          "Start with the pattern that the file keeps, and keep the one that was picked")
       ->type_name("FILE");
-  command->add_option("--render", options.input, "Render this layer with the pick: PNG or JPEG")->type_name("FILE");
-  command->add_option("-o,--output", options.output, "The picture to write: PNG")->type_name("FILE");
+  addPath(*command, "--render", options.input, "Render this layer with the pick: PNG or JPEG")->type_name("FILE");
+  addPath(*command, "-o,--output", options.output, "The picture to write: PNG")->type_name("FILE");
   command->footer("Example:\n  quiltor gallery --render samples/layer.png -o out.png");
   return command;
 }

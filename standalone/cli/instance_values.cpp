@@ -3,6 +3,7 @@
 #include <string>
 #include <variant>
 
+#include "base/utf8_path.h"
 #include "standalone/cli/flat_sequence.h"
 #include "standalone/cli/session.h"
 
@@ -37,7 +38,7 @@ void applyValue(Instance& instance, int index, const ParameterValue& value) {
 
 // The pattern's path takes the place of the saved one.
 std::vector<unsigned char> savedWithPattern(Effect& effect, const std::filesystem::path& pattern) {
-  const std::string selection = patternSelection(std::filesystem::absolute(pattern).generic_string());
+  const std::string selection = patternSelection(genericUtf8FromPath(std::filesystem::absolute(pattern)));
   Instance saved(effect);
   requireSuccess(saved.setUp(), "setting up an instance");
   requireSuccess(saved.flatten(), "saving an instance");

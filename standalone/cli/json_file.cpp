@@ -9,6 +9,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/utf8_path.h"
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/line_text.h"
 
@@ -73,15 +74,15 @@ std::string readWhole(const std::filesystem::path& path, const std::string& expe
   std::error_code error;
   const std::filesystem::file_status status = std::filesystem::status(path, error);
   if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
-    throw CommandFailure("cannot read " + path.string() + ": it is no file, expected " + expected);
+    throw CommandFailure("cannot read " + utf8FromPath(path) + ": it is no file, expected " + expected);
   }
   std::ifstream file(path, std::ios::binary);
-  if (!file) throw CommandFailure("cannot read " + path.string() + ": no such file or no permission");
+  if (!file) throw CommandFailure("cannot read " + utf8FromPath(path) + ": no such file or no permission");
   if (std::filesystem::file_size(path, error) > kLargestFile) {
-    throw CommandFailure(path.string() + ": is larger than 16 MB, expected " + expected);
+    throw CommandFailure(utf8FromPath(path) + ": is larger than 16 MB, expected " + expected);
   }
   std::string text{std::istreambuf_iterator<char>(file), {}};
-  if (file.bad()) throw CommandFailure("cannot read " + path.string() + ": reading failed");
+  if (file.bad()) throw CommandFailure("cannot read " + utf8FromPath(path) + ": reading failed");
   return text;
 }
 
@@ -96,7 +97,7 @@ nlohmann::json readJson(const std::filesystem::path& path, const std::string& ex
       case Event::object_start:
       case Event::array_start:
         if (place.depth() == kDeepestLevel) {
-          throw CommandFailure(path.string() + ": " + place.text() + ": is nested too deep, expected " + expected);
+          throw CommandFailure(utf8FromPath(path) + ": " + place.text() + ": is nested too deep, expected " + expected);
         }
         place.enter(event == Event::array_start);
         break;
@@ -109,7 +110,7 @@ nlohmann::json readJson(const std::filesystem::path& path, const std::string& ex
         break;
       case Event::key:
         if (!place.passKey(parsed.get<std::string>())) {
-          throw CommandFailure(path.string() + ": " + place.text() + ": is there twice, expected it once");
+          throw CommandFailure(utf8FromPath(path) + ": " + place.text() + ": is there twice, expected it once");
         }
         break;
     }
@@ -118,7 +119,7 @@ nlohmann::json readJson(const std::filesystem::path& path, const std::string& ex
   try {
     return nlohmann::json::parse(text, follow);
   } catch (const nlohmann::json::exception& error) {
-    throw CommandFailure(path.string() + ": is no JSON (" + reasonOf(error) + "), expected " + expected);
+    throw CommandFailure(utf8FromPath(path) + ": is no JSON (" + reasonOf(error) + "), expected " + expected);
   }
 }
 

@@ -5,6 +5,7 @@
 #include <set>
 #include <system_error>
 
+#include "base/utf8_path.h"
 #include "library/files/file_exists.h"
 #include "library/files/folders.h"
 #include "library/files/user_data_folder.h"
@@ -16,6 +17,7 @@
 #include "standalone/cli/pattern_report.h"
 #include "standalone/cli/progress_bar.h"
 #include "standalone/cli/quiet_output.h"
+#include "standalone/cli/typed_path.h"
 #include "standalone/library/image_folders.h"
 #include "standalone/library/library_files.h"
 #include "standalone/library/library_scan.h"
@@ -49,14 +51,14 @@ std::string listFile(bool allUsers) { return getUserDataFolder(allUsers) + "/Qui
 
 bool sameFile(const std::string& first, const std::string& second) {
   std::error_code error;
-  return std::filesystem::equivalent(first, second, error);
+  return std::filesystem::equivalent(pathFromUtf8(first), pathFromUtf8(second), error);
 }
 
 // What the settings can say and every reader understands: absolute, without a separator at the end.
 std::string configuredFolder(const std::string& typed) {
   std::error_code error;
-  std::string path = std::filesystem::absolute(typed, error).lexically_normal().string();
-  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+  const std::string path =
+      withoutSeparatorAtEnd(std::filesystem::absolute(pathFromUtf8(typed), error).lexically_normal());
   if (error || !isFolder(path)) throw CommandFailure(typed + ": no such folder");
   if (path.find_first_of("*\r\n") != std::string::npos) {
     throw CommandFailure(standalone::quoted(typed) +
@@ -152,7 +154,7 @@ bool runLibraryConvert(const Console& console) {
     convertLibraryFiles(folders.images, folders.patterns, [&](const ConversionProgress& progress) {
       end = progress;
       unreadable.tell(progress, bar);
-      bar.show(progress.done, progress.total, std::filesystem::path(progress.file).filename().string());
+      bar.show(progress.done, progress.total, utf8FromPath(pathFromUtf8(progress.file).filename()));
     });
   }
   console.out << counted(end.total, "file") << " looked through, " << counted(end.made, "picture") << " made, "

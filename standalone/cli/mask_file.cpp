@@ -9,6 +9,7 @@
 #include <tuple>
 #include <utility>
 
+#include "base/utf8_path.h"
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/json_file.h"
 #include "standalone/cli/line_text.h"
@@ -40,7 +41,7 @@ class Node {
 
   [[noreturn]] void reject(const std::string& what, const std::string& expected) const {
     const std::string where = place_.empty() ? "" : place_ + ": ";
-    throw CommandFailure(file_.string() + ": " + where + what + ", expected " + expected);
+    throw CommandFailure(utf8FromPath(file_) + ": " + where + what + ", expected " + expected);
   }
   [[noreturn]] void reject(const std::string& expected) const { reject("is " + shown(), expected); }
 

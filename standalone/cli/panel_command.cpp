@@ -5,9 +5,9 @@
 
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/instance_values.h"
-#include "standalone/cli/near_miss.h"
 #include "standalone/cli/parameter_lookup.h"
 #include "standalone/cli/pattern_file.h"
+#include "standalone/cli/typed_path.h"
 #include "standalone/host/picture_file.h"
 
 namespace quiltor::standalone {
@@ -59,9 +59,7 @@ void usePanel(Effect& effect, const PanelOptions& options, const PatternFile* pa
 }  // namespace
 
 void runPanel(const SessionOptions& session, const PanelOptions& options, std::ostream& out, std::ostream& err) {
-  if (!options.drawing.empty() && !sameName(options.drawing.extension().string(), ".png")) {
-    throw UsageError("--draw: " + options.drawing.string() + ": expected a name that ends in .png");
-  }
+  if (!options.drawing.empty()) requirePngName("--draw", options.drawing);
   std::optional<PatternFile> pattern;
   if (!options.pattern.empty()) pattern.emplace(options.pattern);
   std::optional<World> drawing;

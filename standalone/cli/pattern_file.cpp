@@ -4,6 +4,7 @@
 #include <fstream>
 #include <utility>
 
+#include "base/utf8_path.h"
 #include "formats/image_file.h"
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/near_miss.h"
@@ -20,11 +21,11 @@ bool isPng(const std::filesystem::path& path) {
 
 void checkPicture(const std::filesystem::path& path) {
   static_cast<void>(readPicture(path, WorldFormat::Argb8));
-  const std::string ending = path.extension().string();
+  const std::string ending = utf8FromPath(path.extension());
   const bool saysPng = sameName(ending, ".png");
   const bool saysJpeg = sameName(ending, ".jpg") || sameName(ending, ".jpeg");
   if (isPng(path) ? !saysPng : !saysJpeg) {
-    throw CommandFailure(path.string() + ": holds a " + (isPng(path) ? "PNG" : "JPEG") +
+    throw CommandFailure(utf8FromPath(path) + ": holds a " + (isPng(path) ? "PNG" : "JPEG") +
                          " picture; expected a name that ends in " + (isPng(path) ? ".png" : ".jpg or .jpeg"));
   }
 }
@@ -32,14 +33,14 @@ void checkPicture(const std::filesystem::path& path) {
 void writePicture(const std::filesystem::path& path, PsPattern pattern) {
   const PatternImage image = {static_cast<int32_t>(pattern.width), static_cast<int32_t>(pattern.height), 4,
                               std::move(pattern.pixels)};
-  if (SavePngImage(path.string(), image) != 0) {
-    throw CommandFailure("the pattern cannot be written to the temporary file " + path.string());
+  if (SavePngImage(utf8FromPath(path), image) != 0) {
+    throw CommandFailure("the pattern cannot be written to the temporary file " + utf8FromPath(path));
   }
 }
 
 }  // namespace
 
-PatternFile::PatternFile(const std::string& typed) : path_(typed) {
+PatternFile::PatternFile(const std::string& typed) : path_(pathFromUtf8(typed)) {
   if (const auto choice = parsePatternChoice(typed)) {
     PsPattern pattern = choosePattern(*choice);
     path_ = folder_.emplace().path() / "pattern.png";

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <system_error>
 
+#include "base/utf8_path.h"
 #include "standalone/cli/command_error.h"
 
 namespace quiltor::standalone {
@@ -13,7 +14,7 @@ std::string readBytes(const std::filesystem::path& path, const std::string& expe
   std::error_code error;
   std::ifstream file(path, std::ios::binary);
   if (!file || std::filesystem::is_directory(path, error)) {
-    throw CommandFailure(path.string() + ": cannot be read; expected " + expected);
+    throw CommandFailure(utf8FromPath(path) + ": cannot be read; expected " + expected);
   }
   return {std::istreambuf_iterator<char>(file), {}};
 }
@@ -39,7 +40,7 @@ void writeProject(const std::filesystem::path& path, const std::vector<unsigned 
     if (file && !error) return;
   }
   std::filesystem::remove(unfinished, error);
-  throw CommandFailure(path.string() + ": cannot be written");
+  throw CommandFailure(utf8FromPath(path) + ": cannot be written");
 }
 
 std::string readSteps(const std::filesystem::path& path) {

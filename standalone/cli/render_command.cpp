@@ -4,13 +4,14 @@
 #include <cstddef>
 #include <tuple>
 
+#include "base/utf8_path.h"
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/instance_values.h"
 #include "standalone/cli/mask_file.h"
-#include "standalone/cli/near_miss.h"
 #include "standalone/cli/parameter_lookup.h"
 #include "standalone/cli/pattern_file.h"
 #include "standalone/cli/shrink.h"
+#include "standalone/cli/typed_path.h"
 #include "standalone/host/instance.h"
 #include "standalone/host/picture_file.h"
 
@@ -105,9 +106,9 @@ World renderWith(Effect& effect, const RenderOptions& options, const World& inpu
 
   RenderResult result = renderFrame(effect, instance, options, input);
   if (result.code != PF_Err_NONE) {
-    throw CommandFailure(options.input.string() + ": " + describeFailure(result.code, result.message));
+    throw CommandFailure(utf8FromPath(options.input) + ": " + describeFailure(result.code, result.message));
   }
-  if (!result.output) throw CommandFailure(options.input.string() + ": the effect rendered an empty rectangle");
+  if (!result.output) throw CommandFailure(utf8FromPath(options.input) + ": the effect rendered an empty rectangle");
   requireSuccess(instance.shutDown(), "closing an instance");
   return std::move(*result.output);
 }
@@ -115,9 +116,7 @@ World renderWith(Effect& effect, const RenderOptions& options, const World& inpu
 }  // namespace
 
 void runRender(const SessionOptions& session, const RenderOptions& options, std::ostream& err) {
-  if (!sameName(options.output.extension().string(), ".png")) {
-    throw UsageError("--output: " + options.output.string() + ": expected a name that ends in .png");
-  }
+  requirePngName("--output", options.output);
   const bool isVideoEditor = session.appId == kAppId_PremierePro;
   if (isVideoEditor) {
     if (const std::string problem = notInVideoEditor(options); !problem.empty()) throw UsageError(problem);

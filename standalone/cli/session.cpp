@@ -6,6 +6,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/utf8_path.h"
 #include "standalone/cli/command_error.h"
 #include "standalone/host/effect_module.h"
 
@@ -32,9 +33,9 @@ void withEffect(const SessionOptions& options, HostOptions hostOptions, std::ost
   {
     Effect effect(host, module);
     try {
-      requireSuccess(effect.setUp(), module.path().string());
+      requireSuccess(effect.setUp(), utf8FromPath(module.path()));
       use(effect);
-      requireSuccess(effect.shutDown(), module.path().string());
+      requireSuccess(effect.shutDown(), utf8FromPath(module.path()));
     } catch (...) {
       failure = std::current_exception();
       effect.shutDown();
@@ -44,7 +45,7 @@ void withEffect(const SessionOptions& options, HostOptions hostOptions, std::ost
   for (const Finding& finding : findings) err << "quiltor: " << describe(finding) << '\n';
   if (failure) std::rethrow_exception(failure);
   if (!findings.empty()) {
-    throw CommandFailure(module.path().string() + ": the effect broke the host's rules in the " +
+    throw CommandFailure(utf8FromPath(module.path()) + ": the effect broke the host's rules in the " +
                          std::to_string(findings.size()) + " way(s) listed above");
   }
 }

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "base/utf8_path.h"
 #include "formats/image_file.h"
 #include "library/cache_names.h"
 #include "library/files/text_pieces.h"
@@ -13,9 +14,9 @@
 #include "standalone/cli/library_command.h"
 #include "standalone/cli/library_lookup.h"
 #include "standalone/cli/line_text.h"
-#include "standalone/cli/near_miss.h"
 #include "standalone/cli/number_order.h"
 #include "standalone/cli/progress_bar.h"
+#include "standalone/cli/typed_path.h"
 #include "standalone/library/image_folders.h"
 #include "standalone/sheet/contact_sheet.h"
 
@@ -32,7 +33,7 @@ PatternImage thumbnailOf(const std::string& path) {
   return isWhole(image) ? makeThumbnail(image) : PatternImage();
 }
 
-std::string shownName(const std::string& path) { return std::filesystem::path(path).stem().string(); }
+std::string shownName(const std::string& path) { return utf8FromPath(pathFromUtf8(path).stem()); }
 
 // The hundredth pattern of a file comes behind the others and not between the tenth and the eleventh.
 void sortByNumbers(std::vector<std::string>& paths) { std::ranges::sort(paths, comesBefore); }
@@ -53,17 +54,15 @@ ContactSheet sheetOf(const Library& library, const std::vector<std::string>& ima
 }  // namespace
 
 void runLibrarySheet(const LibrarySheetOptions& options, const Console& console) {
-  if (!sameName(options.output.extension().string(), ".png")) {
-    throw UsageError("--output: " + options.output.string() + ": expected a name that ends in .png");
-  }
+  requirePngName("--output", options.output);
   const std::vector<Library> libraries = shownLibraries();
   const Library& library = findLibrary(libraries, options.library);
   std::vector<std::string> images = libraryImages(library, readLibrarySettings().flattenSubfolders);
   if (images.empty()) throw CommandFailure(displayName(library) + ": no pictures in " + pictureFolder(library));
   sortByNumbers(images);
-  UnfinishedPng file(options.output.string());
+  UnfinishedPng file(utf8FromPath(options.output));
   if (file.write(drawContactSheet(sheetOf(library, images, console))) != 0 || file.finish() != 0) {
-    throw CommandFailure("cannot write " + options.output.string() + ": no such folder, no permission or no room");
+    throw CommandFailure("cannot write " + utf8FromPath(options.output) + ": no such folder, no permission or no room");
   }
 }
 

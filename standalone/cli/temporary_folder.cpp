@@ -4,6 +4,7 @@
 #include <string>
 #include <system_error>
 
+#include "base/utf8_path.h"
 #include "standalone/cli/command_error.h"
 
 namespace quiltor::standalone {
@@ -15,7 +16,7 @@ TemporaryFolder::TemporaryFolder() {
   std::error_code error;
   // False also when somebody has such a folder already.
   if (!std::filesystem::create_directory(path_, error)) {
-    throw CommandFailure("no temporary folder can be made: " + path_.string());
+    throw CommandFailure("no temporary folder can be made: " + utf8FromPath(path_));
   }
   std::filesystem::permissions(path_, std::filesystem::perms::owner_all, error);
 }

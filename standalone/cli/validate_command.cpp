@@ -6,6 +6,7 @@
 #include <map>
 #include <nlohmann/json.hpp>
 
+#include "base/utf8_path.h"
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/line_text.h"
 #include "standalone/cli/near_miss.h"
@@ -78,7 +79,7 @@ void printJson(const std::filesystem::path& module, const Reports& reports, std:
                       {"trials", report.trials},
                       {"seconds", report.seconds}});
   }
-  const nlohmann::ordered_json all{{"module", module.string()}, {"passed", !anyBad(reports)}, {"checks", checks}};
+  const nlohmann::ordered_json all{{"module", utf8FromPath(module)}, {"passed", !anyBad(reports)}, {"checks", checks}};
   // Texts of an effect may be of any encoding.
   out << all.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
 }

@@ -11,6 +11,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/utf8_path.h"
 #include "standalone/host/picture_codec.h"
 
 namespace quiltor::standalone {
@@ -19,15 +20,15 @@ namespace {
 std::vector<unsigned char> readWhole(const std::filesystem::path& path) {
   std::error_code error;
   if (std::filesystem::is_directory(path, error)) {
-    throw PictureError("cannot read " + path.string() + ": it is a folder, expected a PNG or JPEG picture");
+    throw PictureError("cannot read " + utf8FromPath(path) + ": it is a folder, expected a PNG or JPEG picture");
   }
   if (std::filesystem::exists(path, error) && !std::filesystem::is_regular_file(path, error)) {
-    throw PictureError("cannot read " + path.string() + ": it is no file, expected a PNG or JPEG picture");
+    throw PictureError("cannot read " + utf8FromPath(path) + ": it is no file, expected a PNG or JPEG picture");
   }
   std::ifstream file(path, std::ios::binary);
-  if (!file) throw PictureError("cannot read " + path.string() + ": no such file or no permission");
+  if (!file) throw PictureError("cannot read " + utf8FromPath(path) + ": no such file or no permission");
   std::vector<unsigned char> bytes{std::istreambuf_iterator<char>(file), {}};
-  if (file.bad()) throw PictureError("cannot read " + path.string() + ": reading failed");
+  if (file.bad()) throw PictureError("cannot read " + utf8FromPath(path) + ": reading failed");
   return bytes;
 }
 
@@ -92,7 +93,7 @@ class PendingFile {
   void commit() {
     std::error_code error;
     std::filesystem::rename(path_, target_, error);
-    if (error) throw PictureError("cannot write " + target_.string() + ": " + error.message());
+    if (error) throw PictureError("cannot write " + utf8FromPath(target_) + ": " + error.message());
     committed_ = true;
   }
 
@@ -122,7 +123,7 @@ World readPicture(const std::filesystem::path& path, WorldFormat format) {
   } else {
     problem = "it is neither PNG nor JPEG";
   }
-  if (!problem.empty()) throw PictureError("cannot read " + path.string() + ": " + problem);
+  if (!problem.empty()) throw PictureError("cannot read " + utf8FromPath(path) + ": " + problem);
 
   World world(format, picture.width, picture.height);
   for (int y = 0; y < picture.height; ++y) {
@@ -143,20 +144,20 @@ World readPicture(const std::filesystem::path& path, WorldFormat format) {
 
 void writePng(const std::filesystem::path& path, const World& world) {
   if (world.width() < 1 || world.height() < 1) {
-    throw PictureError("cannot write " + path.string() + ": the picture is empty");
+    throw PictureError("cannot write " + utf8FromPath(path) + ": the picture is empty");
   }
   const DecodedPicture picture = picture8or16(world);
   std::vector<unsigned char> bytes;
   const std::string problem = encodePng(picture, bytes);
-  if (!problem.empty()) throw PictureError("cannot write " + path.string() + ": " + problem);
+  if (!problem.empty()) throw PictureError("cannot write " + utf8FromPath(path) + ": " + problem);
 
   PendingFile pending(path);
   {
     std::ofstream file(pending.path(), std::ios::binary);
-    if (!file) throw PictureError("cannot write " + path.string() + ": no such folder or no permission");
+    if (!file) throw PictureError("cannot write " + utf8FromPath(path) + ": no such folder or no permission");
     file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     file.close();
-    if (!file) throw PictureError("cannot write " + path.string() + ": writing failed");
+    if (!file) throw PictureError("cannot write " + utf8FromPath(path) + ": writing failed");
   }
   pending.commit();
 }

@@ -6,6 +6,7 @@
 #include <system_error>
 #include <vector>
 
+#include "base/utf8_path.h"
 #include "library/files/folders.h"
 #include "library/files/read_text.h"
 #include "library/files/user_data_folder.h"
@@ -65,7 +66,7 @@ bool writeBoth(const std::string& folder, const std::string& settings, const std
 
 bool sameFolder(const std::string& first, const std::string& second) {
   std::error_code error;
-  return std::filesystem::equivalent(first, second, error);
+  return std::filesystem::equivalent(pathFromUtf8(first), pathFromUtf8(second), error);
 }
 
 }  // namespace

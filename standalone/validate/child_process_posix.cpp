@@ -21,7 +21,7 @@ std::string signalName(int number) {
 }
 
 pid_t start(const std::filesystem::path& program, const std::vector<std::string>& arguments) {
-  std::string name = program.string();
+  std::string name = program.native();
   std::vector<std::string> copies = arguments;
   std::vector<char*> argv{name.data()};
   for (std::string& copy : copies) argv.push_back(copy.data());

@@ -4,6 +4,7 @@
 #include <sstream>
 #include <system_error>
 
+#include "base/utf8_path.h"
 #include "standalone/validate/child_process.h"
 
 namespace quiltor::standalone {
@@ -56,7 +57,7 @@ ProcessEnd runProcess(const std::filesystem::path& program, const std::vector<st
                       std::chrono::milliseconds limit) {
   std::wstring line = quotedArgument(program.wstring());
   for (const std::string& argument : arguments) {
-    line += L" " + quotedArgument(std::filesystem::path(argument).wstring());
+    line += L" " + quotedArgument(pathFromUtf8(argument).wstring());
   }
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
   const Handle nowhere(
@@ -69,7 +70,7 @@ ProcessEnd runProcess(const std::filesystem::path& program, const std::vector<st
   // No window tells of a crash: the mode is handed down.
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
   if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &made)) {
-    fail("cannot run " + program.string());
+    fail("cannot run " + utf8FromPath(program));
   }
   const Handle process(made.hProcess), thread(made.hThread);
   if (WaitForSingleObject(process.get(), static_cast<DWORD>(limit.count())) == WAIT_TIMEOUT) {
@@ -78,7 +79,7 @@ ProcessEnd runProcess(const std::filesystem::path& program, const std::vector<st
     return {ProcessEnd::Kind::TimedOut, 0, ""};
   }
   DWORD status = 0;
-  if (!GetExitCodeProcess(process.get(), &status)) fail("cannot tell how " + program.string() + " ended");
+  if (!GetExitCodeProcess(process.get(), &status)) fail("cannot tell how " + utf8FromPath(program) + " ended");
   return endOf(status);
 }
 

@@ -3,6 +3,8 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
+#include "base/utf8_path.h"
+
 namespace quiltor::standalone {
 namespace {
 
@@ -31,7 +33,7 @@ void writeResult(const std::filesystem::path& folder, const CheckOutcome& outcom
   // Texts of an effect may be of any encoding.
   file << json.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
   file.close();
-  if (!file) throw std::runtime_error("cannot write " + resultPath(folder).string());
+  if (!file) throw std::runtime_error("cannot write " + utf8FromPath(resultPath(folder)));
 }
 
 std::string readProgress(const std::filesystem::path& folder) {

@@ -4,6 +4,7 @@
 #include <exception>
 #include <optional>
 
+#include "base/utf8_path.h"
 #include "standalone/validate/child_process.h"
 #include "standalone/validate/result_file.h"
 
@@ -32,12 +33,12 @@ std::string where(const std::filesystem::path& folder) {
 }
 
 CheckReport runInProcess(const ValidationOptions& options, const Check& check) {
-  const std::filesystem::path folder = options.folder / check.name;
+  const std::filesystem::path folder = options.folder / pathFromUtf8(check.name);
   std::filesystem::create_directories(folder);
   const auto start = std::chrono::steady_clock::now();
   const ProcessEnd end = runProcess(options.program,
-                                    {"validate", "--plugin", options.module.string(), "--in-process", "--check",
-                                     check.name, "--result", folder.string()},
+                                    {"validate", "--plugin", utf8FromPath(options.module), "--in-process", "--check",
+                                     check.name, "--result", utf8FromPath(folder)},
                                     options.limit);
   const std::optional<CheckOutcome> outcome = readResult(folder);
   CheckReport report = reportOf(check, outcome.value_or(CheckOutcome{}));

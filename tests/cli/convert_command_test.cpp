@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "base/utf8_path.h"
 #include "formats/image_file.h"
 #include "formats/test_pattern_reading.h"
 #include "standalone/cli/convert_command.h"
@@ -62,7 +63,7 @@ class ConvertCommandTest : public CommandLineTest {
     std::vector<std::string> names;
     if (!std::filesystem::exists(output)) return names;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(output)) {
-      if (entry.is_regular_file()) names.push_back(entry.path().lexically_relative(output).string());
+      if (entry.is_regular_file()) names.push_back(genericUtf8FromPath(entry.path().lexically_relative(output)));
     }
     std::ranges::sort(names);
     return names;

@@ -8,6 +8,7 @@
 #include "formats/image_file.h"
 #include "formats/test_pattern_reading.h"
 #include "library/files/read_text.h"
+#include "standalone/cli/line_text.h"
 #include "tests/cli/command_line_run.h"
 
 namespace quiltor::standalone {
@@ -105,9 +106,9 @@ TEST_F(LibraryCommandTest, scanRefusesWhatIsNoFolderOfALibrary) {
   expectFailure({"scan", "a", "b", "c", "d", "e"}, 2,
                 "library scan: the settings hold at most 4 folders, not 5; name a folder above several of them");
   fs::create_directory(folder.path("a*b"));
-  expectFailure(
-      {"scan", folder.path("a*b")}, 1,
-      "\"" + folder.path("a*b") + "\": a folder of the library cannot have a \"*\" or a line break in its path");
+  expectFailure({"scan", folder.path("a*b")}, 1,
+                standalone::quoted(folder.path("a*b")) +
+                    ": a folder of the library cannot have a \"*\" or a line break in its path");
   EXPECT_FALSE(fs::exists(shared));
 }
 

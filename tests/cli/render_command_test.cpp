@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/utf8_path.h"
 #include "formats/test_pattern_reading.h"
 #include "standalone/host/picture_file.h"
 #include "tests/cli/command_line_run.h"
@@ -85,7 +86,7 @@ TEST_F(RenderCommandTest, drawsThePatternOfALayer) {
 }
 
 TEST_F(RenderCommandTest, findsThePatternByARelativePath) {
-  const std::string relative = std::filesystem::relative(red).string();
+  const std::string relative = utf8FromPath(std::filesystem::relative(red));
   ASSERT_EQ(render({"--pattern", relative}).status, 0);
   expectRed();
 }

@@ -1,4 +1,5 @@
 #include "standalone/host/picture_file.h"
+#include "base/utf8_path.h"
 
 #include <gtest/gtest.h>
 
@@ -107,7 +108,7 @@ TEST_F(PictureFile, JpegPicturesAreOpaque) {
 TEST_F(PictureFile, AnUnreadableFileIsNamedInOneLine) {
   for (const auto& path : {folder / "none.png", folder, write("text.png", "hello"), write("empty.png", "")}) {
     const std::string text = whyUnreadable(path);
-    EXPECT_NE(text.find(path.string()), std::string::npos) << text;
+    EXPECT_NE(text.find(utf8FromPath(path)), std::string::npos) << text;
     EXPECT_EQ(text.find('\n'), std::string::npos) << text;
   }
 }
