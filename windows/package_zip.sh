@@ -14,6 +14,7 @@ readonly folder="build/package/$name"
 licence() { cat "${@:2}" >"$folder/licences/$1.txt"; }
 
 rm -rf build/package
+umask 022  # what the archive says of who may read the files
 mkdir -p "$folder/licences" dist
 cp build/windows/Quiltor.aex build/windows/quiltor.exe "$folder"
 sed "s/@VERSION@/$version/" windows/zip_readme.txt | sed 's/$/\r/' >"$folder/README.txt"
@@ -34,4 +35,3 @@ rm -f "dist/$name.zip"
   # Without the times and owners that only this system knows.
   find "$name" -type f | LC_ALL=C sort | zip -X -q -@ "../../dist/$name.zip"
 )
-printf 'packed: dist/%s.zip\n' "$name"

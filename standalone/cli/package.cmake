@@ -18,7 +18,8 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME "quiltor_${PROJECT_VERSION}_amd64.deb")
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The letters of contact sheets.
+# The letters of contact sheets and of dialogs.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS fonts-dejavu-core)
-set(CPACK_OUTPUT_FILE_PREFIX "${PROJECT_SOURCE_DIR}/dist")
+# With its own work beside it.
+set(CPACK_PACKAGE_DIRECTORY "${PROJECT_BINARY_DIR}/package")
 include(CPack)
