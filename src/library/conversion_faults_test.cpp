@@ -138,7 +138,7 @@ TEST_F(ConversionFaults, SeveralWorkersAtOnceMakeTheSame) {
     std::thread other(work);
     work();
     other.join();
-    ASSERT_EQ(process.end(), 0);
+    ASSERT_EQ(process->end(), 0);
     ASSERT_EQ(results(), expected) << "round " << round;
   }
   EXPECT_THAT(log(), Each(StartsWith("Converting ")));

@@ -1,6 +1,5 @@
 #include <atomic>
 #include <chrono>
-#include <memory>
 #include <random>
 #include <thread>
 
@@ -31,16 +30,16 @@ const ProcessWork kConvertAndTell("convert a library and tell", [](const std::ve
 class ConversionKill : public ConversionTest {
  protected:
   // A process that has begun to convert.
-  std::unique_ptr<TestProcess> startConverting() {
+  TestProcess startConverting() {
     progress_->begun = false;
-    auto process = std::make_unique<TestProcess>(kConvertAndTell, std::vector{library(), progressFile_});
+    TestProcess process(kConvertAndTell, {library(), progressFile_});
     while (!progress_->begun) std::this_thread::yield();
     return process;
   }
 
   // How long a conversion of everything takes in a process of its own.
   microseconds fullRun() {
-    const auto process = startConverting();
+    const TestProcess process = startConverting();
     const auto begin = steady_clock::now();
     EXPECT_EQ(process->end(), 0);
     return std::chrono::duration_cast<microseconds>(steady_clock::now() - begin);
@@ -80,7 +79,7 @@ TEST_F(ConversionKill, At200RandomMomentsLeavesOnlyWholePicturesAndTheNextRunFin
   int unfinished = 0;
   for (int kills = 0; kills < kKills; ++kills) {
     if (results() == expected) removeResults();
-    const auto process = startConverting();
+    const TestProcess process = startConverting();
     std::this_thread::sleep_for(microseconds(moment(random)));
     process->kill();
     process->end();

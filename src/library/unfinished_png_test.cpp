@@ -111,7 +111,7 @@ TEST_F(UnfinishedPngTest, CannotBeFinishedWhereAFolderHasItsName) {
 }
 
 TEST_F(UnfinishedPngTest, OfAProcessThatEndedIsDeletedAndNothingElse) {
-  ASSERT_EQ(TestProcess(kLeaveUnfinished, {path_}).end(), 0);
+  ASSERT_EQ(TestProcess(kLeaveUnfinished, {path_})->end(), 0);
   EXPECT_THAT(names(), SizeIs(1));
   UnfinishedPng file(path_);
   EXPECT_EQ(file.write(kImage), 0);

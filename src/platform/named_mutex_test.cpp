@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <mutex>
 #include <random>
@@ -19,6 +20,8 @@
 
 namespace quiltor {
 namespace {
+
+using namespace std::chrono_literals;
 
 constexpr int kTurns = 2000;
 
@@ -53,9 +56,41 @@ const ProcessWork kLockForEver("lock for ever", [](const std::vector<std::string
   NamedMutex mutex(words[0]);
   mutex.lock();
   room->locked = true;
-  while (true) std::this_thread::sleep_for(std::chrono::hours(1));
+  while (true) std::this_thread::sleep_for(1h);
   return 0;
 });
+
+// A thread that locks the mutex and keeps it until it is told to give it back, and lives on until the end of the scope.
+class Claim {
+ public:
+  explicit Claim(const std::string& name) : thread_([this, name] { keep(name); }) {}
+  ~Claim() {
+    giveBack();
+    ended_ = true;
+    thread_.join();
+  }
+  Claim(const Claim&) = delete;
+  Claim& operator=(const Claim&) = delete;
+
+  bool comes(std::chrono::milliseconds patience) const {
+    for (auto waited = 0ms; waited < patience && !has_; waited += 1ms) std::this_thread::sleep_for(1ms);
+    return has_;
+  }
+  void giveBack() { givenBack_ = true; }
+
+ private:
+  void keep(const std::string& name) {
+    NamedMutex mutex(name);
+    mutex.lock();
+    has_ = true;
+    while (!givenBack_) std::this_thread::sleep_for(1ms);
+    mutex.unlock();
+    while (!ended_) std::this_thread::sleep_for(1ms);
+  }
+
+  std::atomic<bool> has_ = false, givenBack_ = false, ended_ = false;
+  std::thread thread_;
+};
 
 // Each test has a mutex of its own; other programs of the user may be running the same tests.
 class NamedMutexTest : public testing::Test {
@@ -69,8 +104,8 @@ class NamedMutexTest : public testing::Test {
   void visitWithTwoProcesses(const std::string& firstsVariable, const std::string& secondsVariable) {
     TestProcess first(kVisitOften, {name_, roomFile_, firstsVariable});
     TestProcess second(kVisitOften, {name_, roomFile_, secondsVariable});
-    EXPECT_EQ(first.end(), 0);
-    EXPECT_EQ(second.end(), 0);
+    EXPECT_EQ(first->end(), 0);
+    EXPECT_EQ(second->end(), 0);
     expectApart();
   }
   void expectApart() {
@@ -112,18 +147,15 @@ TEST_F(NamedMutexTest, KeepsProcessesApartThatHaveDifferentEnvironments) {
 TEST_F(NamedMutexTest, IsHeldUntilItsOwnerDied) {
   TestProcess owner(kLockForEver, {name_, roomFile_});
   while (!room_->locked) std::this_thread::yield();
-  std::atomic<bool> ours = false;
-  std::thread waiting([&] {
-    NamedMutex mutex(name_);
-    const std::lock_guard lock(mutex);
-    ours = true;
-  });
-  std::this_thread::sleep_for(std::chrono::milliseconds(200));
-  EXPECT_FALSE(ours);
-  owner.kill();
-  waiting.join();
-  EXPECT_TRUE(ours);
-  EXPECT_EQ(owner.end(), TestProcess::kKilled);
+  Claim heir(name_);
+  EXPECT_FALSE(heir.comes(200ms));
+  owner->kill();
+  EXPECT_TRUE(heir.comes(10s));
+  Claim next(name_);
+  EXPECT_FALSE(next.comes(200ms)) << "the heir did not lock it";
+  heir.giveBack();
+  EXPECT_TRUE(next.comes(10s)) << "the heir did not unlock it";
+  EXPECT_EQ(owner->end(), ChildProgram::kKilled);
 }
 
 TEST_F(NamedMutexTest, ADifferentNameIsADifferentMutex) {

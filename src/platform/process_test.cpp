@@ -13,9 +13,9 @@ TEST(ProcessRuns, IsTrueForThisProcess) { EXPECT_TRUE(processRuns(processNumber(
 
 TEST(ProcessRuns, IsFalseForOneThatEndedAndForNoNumberAtAll) {
   TestProcess process(kEndAtOnce);
-  EXPECT_TRUE(processRuns(process.number()));
-  EXPECT_EQ(process.end(), 0);
-  EXPECT_FALSE(processRuns(process.number()));
+  EXPECT_TRUE(processRuns(process->number()));
+  EXPECT_EQ(process->end(), 0);
+  EXPECT_FALSE(processRuns(process->number()));
   EXPECT_FALSE(processRuns(0));
   EXPECT_FALSE(processRuns(-1));
   EXPECT_FALSE(processRuns(int64_t{1} << 40));

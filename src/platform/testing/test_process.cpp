@@ -5,10 +5,14 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "platform/testing/test_process_work.h"
+#include "platform/environment_override.h"
+#include "platform/redirected_output.h"
 
 namespace quiltor {
 namespace {
+
+// Tells a process its work, in lines: the name and the words.
+constexpr const char* kWorkVariable = "QUILTOR_TEST_WORK";
 
 // Runs before the first test, and ends the process.
 class WorkInsteadOfTests : public testing::Environment {
@@ -35,10 +39,11 @@ ProcessWork::ProcessWork(const char* name, Function work) : name_(name) {
   testing::AddGlobalTestEnvironment(new WorkInsteadOfTests(work, std::move(words)));
 }
 
-std::string workText(const ProcessWork& work, const std::vector<std::string>& words) {
+TestProcess::TestProcess(const ProcessWork& work, const std::vector<std::string>& words) {
   std::string text = work.name();
   for (const std::string& word : words) text += "\n" + word;
-  return text;
+  const EnvironmentOverride told(kWorkVariable, text);
+  program_ = std::make_unique<ChildProgram>(ownProgram(), std::vector<std::string>{}, kNullDevice);
 }
 
 }  // namespace quiltor

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
+
+#include "platform/testing/child_program.h"
 
 namespace quiltor {
 
@@ -22,25 +23,15 @@ class ProcessWork {
 };
 
 // This program once more, which does the work with the words and nothing else. Not while other threads read the
-// environment. Throws std::runtime_error when it cannot be started.
+// environment.
 class TestProcess {
  public:
-  // What end() gives for a process that was killed.
-  static constexpr int kKilled = -9;
-
   explicit TestProcess(const ProcessWork& work, const std::vector<std::string>& words = {});
-  ~TestProcess();  // kills it when it still runs
-  TestProcess(const TestProcess&) = delete;
-  TestProcess& operator=(const TestProcess&) = delete;
 
-  [[nodiscard]] int64_t number() const;
-  void kill();
-  // Waits for its end. Its exit status, or kKilled.
-  int end();
+  ChildProgram* operator->() const { return program_.get(); }
 
  private:
-  struct System;
-  std::unique_ptr<System> system_;
+  std::unique_ptr<ChildProgram> program_;
 };
 
 }  // namespace quiltor

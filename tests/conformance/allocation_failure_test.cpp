@@ -1,47 +1,10 @@
-// The module's own allocations are made to fail, one after the other. The program's operator new stands in for the
-// library's everywhere, so it counts only while it is armed and only what the module's own code asks for.
-#include <dlfcn.h>
+// The module's own allocations are made to fail, one after the other.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <limits>
-#include <new>
-
+#include "tests/conformance/failing_allocation.h"
 #include "tests/support/flat_sequence.h"
 #include "tests/support/instance_test.h"
 #include "tests/support/png_file.h"
-
-namespace {
-
-constexpr size_t kNever = std::numeric_limits<size_t>::max();
-
-thread_local const void* failingModule = nullptr;
-thread_local size_t callsUntilFailure = kNever;
-thread_local bool failureStruck = false;
-
-const void* moduleOf(const void* address) {
-  Dl_info info{};
-  return dladdr(address, &info) ? info.dli_fbase : nullptr;
-}
-
-void* allocate(size_t size, const void* caller) {
-  if (failingModule && moduleOf(caller) == failingModule && callsUntilFailure-- == 0) {
-    failingModule = nullptr;
-    failureStruck = true;
-    throw std::bad_alloc();
-  }
-  if (void* memory = std::malloc(size ? size : 1)) return memory;
-  throw std::bad_alloc();
-}
-
-}  // namespace
-
-void* operator new(size_t size) { return allocate(size, __builtin_return_address(0)); }
-void* operator new[](size_t size) { return allocate(size, __builtin_return_address(0)); }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory, size_t) noexcept { std::free(memory); }
 
 namespace quiltor {
 namespace {
@@ -61,16 +24,17 @@ class FailingAllocation : public InstanceTest {
   // Runs the command on a fresh instance for each k, until the module makes fewer than k + 1 allocations.
   template <class Command>
   Outcome sweep(Command command) {
-    const void* moduleBase = moduleOf(reinterpret_cast<const void*>(effect.entryPoint()));
     Outcome outcome;
     for (size_t k = 0;; ++k) {
       Instance victim(effect);
-      failingModule = moduleBase;
-      callsUntilFailure = k;
-      failureStruck = false;
-      const PF_Err code = command(victim).code;
-      failingModule = nullptr;
-      if (!failureStruck) {
+      PF_Err code = 0;
+      bool struck = false;
+      {
+        const ModuleAllocationFailure failure(reinterpret_cast<const void*>(effect.entryPoint()), k);
+        code = command(victim).code;
+        struck = failure.struck();
+      }
+      if (!struck) {
         EXPECT_EQ(code, 0);
         victim.shutDown();
         return outcome;
