@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -17,6 +18,14 @@ namespace quiltor {
 namespace {
 
 using testing::Each;
+using testing::ElementsAre;
+using testing::SizeIs;
+
+#ifdef _WIN32
+constexpr std::string_view kLineEnd = "\r\n";
+#else
+constexpr std::string_view kLineEnd = "\n";
+#endif
 
 class Log : public testing::Test {
  protected:
@@ -28,6 +37,18 @@ class Log : public testing::Test {
     std::ostringstream text;
     text << std::ifstream(path(), std::ios::binary).rdbuf();
     return text.str();
+  }
+
+  // Every line, and that it ends as the system ends lines.
+  std::vector<std::string> lines() const {
+    std::vector<std::string> lines;
+    std::string rest = text();
+    for (size_t end = rest.find(kLineEnd); end != std::string::npos; end = rest.find(kLineEnd)) {
+      lines.push_back(rest.substr(0, end));
+      rest.erase(0, end + kLineEnd.size());
+    }
+    EXPECT_EQ(rest, "") << "the end of a line is missing";
+    return lines;
   }
 
   ScratchFolder scratch_;
@@ -45,7 +66,7 @@ TEST_F(Log, HoldsTheMessagesOneALineAsTheyAre) {
   writeLog("Exception in image loader 'a.png'");
   writeLog("");
   writeLog("Exception in pattern loader 'b.pat'");
-  EXPECT_EQ(text(), "Exception in image loader 'a.png'\n\nException in pattern loader 'b.pat'\n");
+  EXPECT_THAT(lines(), ElementsAre("Exception in image loader 'a.png'", "", "Exception in pattern loader 'b.pat'"));
 }
 
 TEST_F(Log, HoldsOnlyTheLinesOfTheSecondRunAfterTwoStarts) {
@@ -53,7 +74,7 @@ TEST_F(Log, HoldsOnlyTheLinesOfTheSecondRunAfterTwoStarts) {
   writeLog("first run");
   clearLog();
   writeLog("second run");
-  EXPECT_EQ(text(), "second run\n");
+  EXPECT_THAT(lines(), ElementsAre("second run"));
 }
 
 TEST_F(Log, ConsumesTheMessage) {
@@ -100,11 +121,8 @@ TEST_F(Log, KeepsTheLinesOfThreadsWhole) {
     });
   }
   for (std::thread& thread : threads) thread.join();
-  std::istringstream log(text());
-  std::vector<std::string> lines;
-  for (std::string read; std::getline(log, read);) lines.push_back(read);
-  EXPECT_EQ(lines.size(), size_t{kThreads * kLines});
-  EXPECT_THAT(lines, Each(line));
+  EXPECT_THAT(lines(), SizeIs(kThreads * kLines));
+  EXPECT_THAT(lines(), Each(line));
 }
 
 }  // namespace

@@ -10,6 +10,10 @@ namespace quiltor {
 // opened, and for a folder. Never throws.
 std::FILE* openFile(const std::string& path, const char* mode) noexcept;
 
+// Adds a line at the end of a text file, which is made where there is none, with the system's end of a line and in one
+// step: the lines of several threads and processes do not mix. False when the system refuses. Never throws.
+bool appendLine(const std::string& path, std::string&& line) noexcept;
+
 // How many bytes an open file holds; 0 when the system cannot tell. Leaves the position alone. Never throws.
 int64_t fileSize(std::FILE* file);
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 #include "platform/system_path_posix.h"
 
@@ -31,6 +32,21 @@ std::FILE* openFile(const std::string& path, const char* mode) noexcept {
     return nullptr;
   }
   return file;
+}
+
+bool appendLine(const std::string& path, std::string&& line) noexcept {
+  try {
+    const std::string bytes = std::move(line) + '\n';
+    std::FILE* const file = openFile(path, "a");
+    if (!file) return false;
+    // Without a buffer it is one write at the end of the file.
+    std::setvbuf(file, nullptr, _IONBF, 0);
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+    std::fclose(file);
+    return written;
+  } catch (...) {
+    return false;
+  }
 }
 
 int64_t fileSize(std::FILE* file) {

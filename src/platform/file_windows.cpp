@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include <cerrno>
+#include <utility>
 
 #include "platform/file.h"
 #include "platform/wide_text_windows.h"
@@ -26,6 +27,27 @@ std::FILE* openFile(const std::string& path, const char* mode) noexcept {
   } catch (...) {
     errno = ENOMEM;
     return nullptr;
+  }
+}
+
+bool appendLine(const std::string& path, std::string&& line) noexcept {
+  try {
+    const std::string bytes = std::move(line) + "\r\n";
+    const HANDLE file = CreateFileW(systemPath(path).c_str(), FILE_APPEND_DATA | FILE_READ_DATA | SYNCHRONIZE,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE) return false;
+    // A byte that no file has stands for the end: not every file system finds it and writes there in one step. Whoever
+    // closes the file gives it back.
+    OVERLAPPED end{};
+    end.OffsetHigh = 0x7FFFFFFF;
+    LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &end);
+    DWORD count = 0;
+    const bool written = WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr) != 0;
+    CloseHandle(file);
+    return written && count == bytes.size();
+  } catch (...) {
+    return false;
   }
 }
 
