@@ -75,13 +75,12 @@ function(quiltor_module name)
       string(REPLACE "/" "_" used_target "${used}")
       target_link_libraries(${target}_test PRIVATE quiltor_${used_target})
     endforeach()
+    list(JOIN arg_ALONE ":" alone)
+    set_property(GLOBAL APPEND PROPERTY QUILTOR_TEST_PROGRAMS "$<TARGET_FILE:${target}_test> ${alone}")
     # Another system's programs are run as wholes by windows/run_tests.sh.
-    if(CMAKE_CROSSCOMPILING)
-      set_property(GLOBAL APPEND PROPERTY QUILTOR_TEST_PROGRAMS "$<TARGET_FILE:${target}_test>")
-    else()
+    if(NOT CMAKE_CROSSCOMPILING)
       set(others "")
       if(arg_ALONE)
-        list(JOIN arg_ALONE ":" alone)
         gtest_discover_tests(${target}_test TEST_PREFIX "${name}: " DISCOVERY_TIMEOUT 60 TEST_FILTER "${alone}"
                              TEST_LIST ${target}_alone PROPERTIES TIMEOUT 300 RUN_SERIAL ON)
         set(others TEST_FILTER "-${alone}")
@@ -96,7 +95,7 @@ function(quiltor_module name)
   set_property(GLOBAL APPEND PROPERTY QUILTOR_LAYERS "${folder} ${name} ${uses} ${test_uses}")
 endfunction()
 
-# Writes down the programs that windows/run_tests.sh runs.
+# Writes down the programs that windows/run_tests.sh runs or compares, and which of their tests run alone.
 function(quiltor_list_test_programs)
   get_property(programs GLOBAL PROPERTY QUILTOR_TEST_PROGRAMS)
   list(JOIN programs "\n" text)

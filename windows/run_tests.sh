@@ -1,54 +1,135 @@
 #!/usr/bin/env bash
 # Runs the Windows build's test programs under Wine in a fresh prefix, and compares their tests with the native build's:
-# every test runs on both, or windows/native_only_tests.txt says why not.
+# every test runs on both, or windows/one_system_tests.txt says why not.
 # usage: windows/run_tests.sh [FILTER]
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 readonly out="$PWD/build/windows-test"
 readonly filter="${1-*}"
-readonly wine=/usr/lib/wine/wine64
-export WINEPREFIX="$out/prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY=
+readonly wine=/usr/lib/wine/wine64 server=/usr/lib/wine/wineserver64
+export out wine WINEPREFIX="$out/prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY=
 
-say() { printf '== %s\n' "$*"; }
+# The programs that take long start first, and their tests run in so many parts.
+readonly long_programs=(tests_render_test:4 tests_refusals_test:4 library_test:3 tests_validate_test:2)
 
-# Which tests ran natively or under Wine, from the lists that --gtest_list_tests prints.
-list_tests() {
-  tr -d '\r' | awk '/^[^ ].*\.( |$)/ { suite = $1; next } /^  / { print suite $1 }' | sort
+say() { printf '== windows-test: %s\n' "$*"; }
+die() {
+  say "$*" >&2
+  exit 1
 }
+
+# run_part NAME PROGRAM PART PARTS FILTER: leaves what the program said in NAME.log, or in NAME.failed.
+run_part() {
+  # Paths that begin with a slash are on the drive of the current folder.
+  cd "$out"
+  GTEST_SHARD_INDEX="$3" GTEST_TOTAL_SHARDS="$4" timeout 900 "$wine" "$2" --gtest_brief=1 --gtest_filter="$5" \
+    --gtest_color=no <<<"" >"$1.log" 2>&1 || mv "$1.log" "$1.failed"
+}
+export -f run_part
+
+# run_parts AT_ONCE: runs the parts that the standard input tells, a line each.
+run_parts() { xargs -r -L 1 -P "$1" bash -c 'run_part "$@"' run_part; }
+
+# The parts of the programs, those first whose programs have most. Each line of test_programs.txt is: program, and a
+# pattern of the tests that run when no other does.
+readonly programs="$PWD/build/windows/test_programs.txt"
+list_parts() {
+  local program alone name long count part others
+  while read -r program alone; do
+    name="$(basename "$program" .exe)"
+    count=1
+    for long in "${long_programs[@]}"; do [[ "$name" != "${long%:*}" ]] || count="${long#*:}"; done
+    others="$filter"
+    [[ -z "$alone" || "$filter" != "*" ]] || others="-$alone"
+    for ((part = 0; part < count; ++part)); do echo "$name.$part $program $part $count $others"; done
+  done <"$programs" | sort -s -k 4,4nr
+}
+list_alone() {
+  local program alone
+  while read -r program alone; do
+    [[ -z "$alone" || "$filter" != "*" ]] || echo "$(basename "$program" .exe).alone $program 0 1 $alone"
+  done <"$programs"
+}
+
+# What --gtest_list_tests prints, as a name to a line.
+test_names() { tr -d '\r' | awk '/^[^ ].*\.( |$)/ { suite = $1; next } /^  / { print suite $1 }' | sort; }
+
+# sum PATTERN: of the numbers that the parentheses find in the standard input's lines.
+sum() { tr -d '\r' | sed -nE "s/$1/\1/p" | awk '{ sum += $1 } END { print sum + 0 }'; }
+readonly passed='^\[  PASSED  \] ([0-9]+) tests?\.$'
 
 rm -rf "$out"
 mkdir -p "$out"
-say "windows-test: making a prefix"
-"$wine" wineboot --init >"$out/prefix.log" 2>&1 || { tail -n 20 "$out/prefix.log" >&2; exit 1; }
+say "making a prefix"
+# One server for all programs, until the end.
+"$server" -p
+trap '"$server" -k 2>/dev/null || true' EXIT
+"$wine" wineboot --init >"$out/prefix.boot" 2>&1 || { tail -n 20 "$out/prefix.boot" >&2; die "Wine does not start"; }
 
-failed=0
-while read -r program; do
+list_parts | run_parts "$(nproc 2>/dev/null || echo 2)"
+list_alone | run_parts 1
+
+# --- what ran ---
+
+failed=()
+while read -r program _; do
   name="$(basename "$program" .exe)"
-  # Paths that begin with a slash are on the drive of the current folder.
-  (cd "$out" && timeout 600 "$wine" "$program" --gtest_brief=1 --gtest_filter="$filter" --gtest_color=no) >"$out/$name.log" 2>&1 </dev/null || {
-    failed=$((failed + 1))
-    tr -d '\r' <"$out/$name.log" | tail -n 60
-    say "windows-test: $name failed"
-  }
-  (cd "$out" && "$wine" "$program" --gtest_list_tests) 2>/dev/null </dev/null | list_tests >"$out/$name.tests"
-  "$(find build/native -name "$name" -type f -perm -u+x | head -n 1)" --gtest_list_tests | list_tests >"$out/$name.native"
-  awk -v program="$name" '/^\[  PASSED  \]/ { passed = $4 } /^\[ RUN|^\[==========\] [0-9]+ test.* ran/ { ran = $2 }
-    END { printf "%-40s %5d ran, %5d passed\n", program, ran, passed }' <(tr -d '\r' <"$out/$name.log")
-done <build/windows/test_programs.txt
+  for log in "$out/$name".*.failed; do
+    [[ -e "$log" ]] || continue
+    tr -d '\r' <"$log" | tail -n 60
+    failed+=("$(basename "$log" .failed)")
+  done
+  printf '%-40s %5d passed\n' "$name" "$(cat "$out/$name".*.log 2>/dev/null | sum "$passed")"
+done <"$programs"
 
-sort "$out"/*.tests >"$out/all.tests"
-sort "$out"/*.native >"$out/all.native"
-sed -n 's/^\([^ #]*\) .*/\1/p' windows/native_only_tests.txt | sort >"$out/excused"
-comm -23 "$out/all.native" "$out/all.tests" >"$out/native-only"
-comm -13 "$out/all.native" "$out/all.tests" >"$out/windows-only"
-say "windows-test: $(wc -l <"$out/all.native") tests natively, $(wc -l <"$out/all.tests") on Windows:" \
-  "$(comm -12 "$out/all.native" "$out/all.tests" | wc -l) on both, $(wc -l <"$out/windows-only") on Windows alone"
-grep -v '^#' windows/native_only_tests.txt
-diff "$out/excused" "$out/native-only" >"$out/difference" || {
-  cat "$out/difference" >&2
-  say "windows-test: these tests do not run on Windows (>), or do though windows/native_only_tests.txt has them (<)" >&2
-  exit 1
-}
-((failed == 0)) || { say "windows-test: $failed programs failed" >&2; exit 1; }
-say "windows-test: everything passed"
+while read -r program _; do (cd "$out" && "$wine" "$program" --gtest_list_tests <<<"") 2>/dev/null | test_names; done \
+  <"$programs" | sort >"$out/windows.tests"
+while read -r program _; do "$program" --gtest_list_tests | test_names; done <build/native/test_programs.txt |
+  sort >"$out/native.tests"
+comm -23 "$out/native.tests" "$out/windows.tests" >"$out/native.alone"
+comm -13 "$out/native.tests" "$out/windows.tests" >"$out/windows.alone"
+count() { wc -l <"$out/$1"; }
+say "$(count native.tests) tests natively, $(count windows.tests) on Windows:" \
+  "$(comm -12 "$out/native.tests" "$out/windows.tests" | wc -l) on both," \
+  "$(count native.alone) on Linux alone, $(count windows.alone) on Windows alone"
+
+# Every test of one system has a line, and every line such a test.
+unequal=0
+for system in native windows; do
+  sed -nE "s/^$system +([^ ]+) .*/\1/p" windows/one_system_tests.txt >"$out/$system.excused"
+  : >"$out/$system.covered"
+  while read -r pattern; do
+    regex="^$(sed 's/[.]/\\./g; s/[*]/.*/g' <<<"$pattern")\$"
+    grep -E "$regex" "$out/$system.alone" >>"$out/$system.covered" || {
+      say "windows/one_system_tests.txt names $pattern, which is no test of this system alone" >&2
+      unequal=1
+    }
+    ! grep -qE "$regex" <(comm -12 "$out/native.tests" "$out/windows.tests") || {
+      say "windows/one_system_tests.txt names $pattern, and such a test runs on both" >&2
+      unequal=1
+    }
+  done <"$out/$system.excused"
+  sort -u "$out/$system.covered" | comm -23 "$out/$system.alone" - >"$out/$system.missing"
+  [[ ! -s "$out/$system.missing" ]] || {
+    cat "$out/$system.missing" >&2
+    say "the tests above are on one system alone ($system), and windows/one_system_tests.txt does not say why" >&2
+    unequal=1
+  }
+done
+grep -v '^#' windows/one_system_tests.txt
+
+if [[ "$filter" == "*" ]]; then
+  all="$(cat "$out"/*.log | sum "$passed")"
+  ((all == $(count windows.tests))) || { say "$all tests passed of $(count windows.tests)" >&2; unequal=1; }
+fi
+refusals='^([0-9]+) refusals$'
+build/native/tests/refusals/tests_refusals_test --gtest_brief=1 --gtest_filter="$filter" >"$out/native-refusals" ||
+  die "the refusals failed natively"
+natively="$(sum "$refusals" <"$out/native-refusals")"
+under_wine="$(cat "$out"/tests_refusals_test.*.log 2>/dev/null | sum "$refusals")"
+say "the host refused $natively times natively, $under_wine times under Wine"
+((natively == under_wine)) || unequal=1
+((${#failed[@]} == 0)) || die "failed: ${failed[*]}"
+((unequal == 0)) || die "the two systems are not equal, as said above"
+say "everything passed"

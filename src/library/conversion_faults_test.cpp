@@ -35,6 +35,13 @@ class ConversionFaults : public ConversionTest {
     fs::permissions(data_.path("."), fs::perms::all);
   }
 
+  [[nodiscard]] bool convertAsOrdinaryUser() {
+    return asOrdinaryUser([&] {
+      convert();
+      return true;
+    });
+  }
+
   // Bytes that cannot be packed.
   static Bytes noise(size_t count) {
     Bytes bytes;
@@ -92,7 +99,7 @@ TEST_F(ConversionFaults, AFolderThatCannotBeWrittenIsLoggedForEachPicture) {
   writePng(library("a.png"), {.width = 1, .height = 1, .pixels = {1, 2, 3}});
   {
     const WriteProtected folder(data_.all("."));
-    EXPECT_TRUE(asOrdinaryUser([&] { convert(); }));
+    EXPECT_TRUE(convertAsOrdinaryUser());
   }
   EXPECT_THAT(resultNames(), IsEmpty());
   const std::vector<std::string> lines = log();
@@ -109,14 +116,14 @@ TEST_F(ConversionFaults, AFolderThatCannotBeReadIsPassedOver) {
     writeGreyPatterns(library(folder) + "/" + folder + ".pat", 1);
   }
   const Locked folder(library("locked"));
-  EXPECT_TRUE(asOrdinaryUser([&] { convert(); }));
+  EXPECT_TRUE(convertAsOrdinaryUser());
   EXPECT_THAT(resultNames(), ElementsAre("PS Patterns/a/a_00.png", "PS Patterns/z/z_00.png"));
 }
 
 TEST_F(ConversionFaults, AFileThatCannotBeReadIsPassedOver) {
   for (const char* name : {"a.pat", "locked.pat", "z.pat"}) writeGreyPatterns(library(name), 1);
   const Locked file(library("locked.pat"));
-  EXPECT_TRUE(asOrdinaryUser([&] { convert(); }));
+  EXPECT_TRUE(convertAsOrdinaryUser());
   EXPECT_THAT(resultNames(), ElementsAre("PS Patterns/a/a_00.png", "PS Patterns/z/z_00.png"));
 }
 

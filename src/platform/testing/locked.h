@@ -34,7 +34,7 @@ class WriteProtected {
 };
 
 // Does the work as a user who is no administrator; where that takes another process, in one that is over when this
-// returns. False when the work could not be done.
-[[nodiscard]] bool asOrdinaryUser(const std::function<void()>& work);
+// returns. What the work gives, or false when it could not be done.
+[[nodiscard]] bool asOrdinaryUser(const std::function<bool()>& work);
 
 }  // namespace quiltor

@@ -45,13 +45,12 @@ struct WriteProtected::Protection {
 WriteProtected::WriteProtected(const std::string& folder) : protection_(new Protection{{folder, kReadOnly}}) {}
 WriteProtected::~WriteProtected() = default;
 
-bool asOrdinaryUser(const std::function<void()>& work) {
+bool asOrdinaryUser(const std::function<bool()>& work) {
   constexpr uid_t kNobody = 65534;
   const pid_t child = fork();
   if (child == 0) {
     const bool ordinary = geteuid() != 0 || (setgid(kNobody) == 0 && setuid(kNobody) == 0);
-    if (ordinary) work();
-    _exit(ordinary ? 0 : 1);
+    _exit(ordinary && work() ? 0 : 1);
   }
   int status = -1;
   return waitpid(child, &status, 0) == child && status == 0;

@@ -65,9 +65,6 @@ WriteProtected::WriteProtected(const std::string& folder) {
 
 WriteProtected::~WriteProtected() = default;
 
-bool asOrdinaryUser(const std::function<void()>& work) {
-  work();
-  return true;
-}
+bool asOrdinaryUser(const std::function<bool()>& work) { return work(); }
 
 }  // namespace quiltor

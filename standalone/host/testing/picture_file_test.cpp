@@ -73,7 +73,7 @@ TEST_F(PictureFile, FloatIsClampedAndWrittenInSixteenBits) {
 
 TEST_F(PictureFile, JpegPicturesAreOpaque) {
   const std::filesystem::path path = folder / "a.jpg";
-  std::FILE* file = std::fopen(path.c_str(), "wb");
+  std::FILE* file = std::fopen(path.string().c_str(), "wb");
   jpeg_error_mgr errors;
   jpeg_compress_struct writer{};
   writer.err = jpeg_std_error(&errors);
