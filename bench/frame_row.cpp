@@ -5,7 +5,7 @@
 //   dump PATH                               ok: the last frame, straight R, G, B, A, 8 bits a channel
 //   quit
 // The pictures are raw R, G, B, A, 8 bits a channel, in the folder that PEERS_DATA names: pattern.rgba of 256 x 256
-// pixels and layer_WIDTHxHEIGHT.rgba.
+// pixels and layer_WIDTHxHEIGHT.rgba. An argument names another module than this build's, to compare the two.
 #include <sched.h>
 
 #include <cstdint>
@@ -57,6 +57,8 @@ void useCores(int count) {
 
 class Row {
  public:
+  explicit Row(const std::string& modulePath) : runner_(modulePath) {}
+
   std::string answer(const std::string& line) {
     std::istringstream words(line);
     std::string verb;
@@ -104,12 +106,12 @@ class Row {
   }
 
   FrameRunner::Milliseconds last_;
-  FrameRunner runner_{QUILTOR_MODULE_PATH};
+  FrameRunner runner_;
   World input_{WorldFormat::Argb8, 0, 0}, pattern_{WorldFormat::Argb8, 0, 0};
 };
 
-int serve() {
-  Row row;
+int serve(const std::string& modulePath) {
+  Row row(modulePath);
   for (std::string line; std::getline(std::cin, line) && line != "quit";) {
     try {
       std::cout << row.answer(line) << std::endl;
@@ -123,9 +125,9 @@ int serve() {
 }  // namespace
 }  // namespace quiltor::bench
 
-int main() {
+int main(int argc, char** argv) {
   try {
-    return quiltor::bench::serve();
+    return quiltor::bench::serve(argc > 1 ? argv[1] : QUILTOR_MODULE_PATH);
   } catch (const std::exception& error) {
     std::cerr << "frame_row: " << error.what() << "\n";
     return EXIT_FAILURE;
