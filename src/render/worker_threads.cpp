@@ -2,43 +2,60 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <exception>
 
 #include "platform/small_thread.h"
 
 namespace quiltor {
+namespace {
 
-void runOnWorkers(int32_t rows, const std::function<void(int32_t first, int32_t end)>& work) {
-  const int64_t rowsPerWorker = rows / kWorkers + 1;
-  struct Worker {
-    const std::function<void(int32_t, int32_t)>* work;
-    int64_t first, end;
-    std::exception_ptr failure;
+// A pass over the rows of a frame, which its threads share in kWorkers parts.
+class Pass {
+ public:
+  Pass(int32_t rows, const std::function<void(int32_t first, int32_t end)>& work) : rows_(rows), work_(work) {}
 
-    static void run(void* worker) noexcept {
-      Worker& self = *static_cast<Worker*>(worker);
-      if (self.first >= self.end) return;
+  static void takeParts(void* pass) noexcept { static_cast<Pass*>(pass)->takeParts(); }
+
+  void rethrowFirstFailure() const {
+    for (const std::exception_ptr& failure : failures_) {
+      if (failure) std::rethrow_exception(failure);
+    }
+  }
+
+ private:
+  void takeParts() noexcept {
+    for (size_t part = next_++; part < kWorkers; part = next_++) {
+      const int64_t rowsPerPart = rows_ / kWorkers + 1;
+      const int64_t first = static_cast<int64_t>(part) * rowsPerPart;
+      const int64_t end = std::min<int64_t>(first + rowsPerPart, rows_);
+      if (first >= end) return;
       try {
-        (*self.work)(static_cast<int32_t>(self.first), static_cast<int32_t>(self.end));
+        work_(static_cast<int32_t>(first), static_cast<int32_t>(end));
       } catch (...) {
-        self.failure = std::current_exception();
+        failures_[part] = std::current_exception();
       }
     }
-  };
+  }
 
-  std::array<Worker, kWorkers> workers;
+  const int32_t rows_;
+  const std::function<void(int32_t, int32_t)>& work_;
+  std::atomic<size_t> next_ = 0;
+  std::array<std::exception_ptr, kWorkers> failures_;
+};
+
+}  // namespace
+
+void runOnWorkers(int32_t rows, const std::function<void(int32_t first, int32_t end)>& work) {
+  Pass pass(rows, work);
   {
     std::array<SmallThread, kWorkers> threads;
-    for (size_t i = 0; i < workers.size(); ++i) {
-      const int64_t first = static_cast<int64_t>(i) * rowsPerWorker;
-      workers[i] = {&work, first, std::min<int64_t>(first + rowsPerWorker, rows), nullptr};
-      // A system out of threads or memory still gets its picture.
-      if (!threads[i].start(&Worker::run, &workers[i])) Worker::run(&workers[i]);
-    }
+    bool started = false;
+    for (SmallThread& thread : threads) started = thread.start(&Pass::takeParts, &pass) || started;
+    // A system out of threads or memory still gets its picture.
+    if (!started) Pass::takeParts(&pass);
   }
-  for (const Worker& worker : workers) {
-    if (worker.failure) std::rethrow_exception(worker.failure);
-  }
+  pass.rethrowFirstFailure();
 }
 
 }  // namespace quiltor
