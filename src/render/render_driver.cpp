@@ -67,6 +67,12 @@ class FrameBuffers {
     return PF_Err_NONE;
   }
 
+  // For as long as this lives; null when one of the factors is 0.
+  void* allocate(int64_t rowBytes, int64_t height) {
+    if (rowBytes == 0 || height == 0) return nullptr;
+    return buffers_.emplace_back(handles_, std::initializer_list<int64_t>{rowBytes, height}).get();
+  }
+
   void makeResult(RenderBlock& block, const PF_EffectWorld& output) {
     ResultRecord& result = block.result;
     result.width = std::max(output.width, 0);
@@ -105,11 +111,6 @@ class FrameBuffers {
     }
   }
 
-  void* allocate(int64_t rowBytes, int64_t height) {
-    if (rowBytes == 0 || height == 0) return nullptr;
-    return buffers_.emplace_back(handles_, std::initializer_list<int64_t>{rowBytes, height}).get();
-  }
-
   const PF_HandleSuite1& handles_;
   const WorldAccess& access_;
   std::deque<HostBuffer> buffers_;
@@ -122,12 +123,14 @@ const PatternImage* patternImageOf(const PF_HandleSuite1& handles, PF_Handle han
   return data->flat ? nullptr : data->patternImage;
 }
 
-void drawFrame(RenderBlock& block, const LayerTransformReading& layer, const PatternImage* patternImage) {
+void drawFrame(RenderBlock& block, FrameBuffers& buffers, const LayerTransformReading& layer,
+               const PatternImage* patternImage) {
   if (layer.missingSuite) throwHostError(layer.missingSuite);
   RenderTransform transform;
   transform.setLayer(layer.transform);
   transform.patternImage = patternImage;
   FrameState frame;
+  frame.hostMemory = [&buffers](int64_t bytes) { return buffers.allocate(bytes, 1); };
   if (renderFrame) renderFrame(block, frame, transform);
 }
 
@@ -168,7 +171,7 @@ HostErr renderEffect(const PF_InData& in, PF_OutData& out, RenderBlock& block,
 
   if (const HostErr code = askAbort(in)) return code;
   if (const HostErr code = askAbort(in)) return code;
-  drawFrame(block, layer, patternImageOf(handles, in.sequence_data, sequence));
+  drawFrame(block, buffers, layer, patternImageOf(handles, in.sequence_data, sequence));
   if (const HostErr code = access.write(block.result, access.formatOf(output), output)) return code;
   return mask.apply(worldSuite, access, out, block, *worlds[0], output);
 }

@@ -4,7 +4,6 @@
 #include <atomic>
 #include <cstring>
 
-#include "platform/large_memory.h"
 #include "render/kernels/blur.h"
 #include "render/kernels/blur_plain.h"
 #include "render/kernels/composite.h"
@@ -93,8 +92,8 @@ void sampleAndCompositePass(const RenderBlock& block, const FrameState& frame, c
   });
 }
 
-// Sampling and the blur's horizontal half. The pattern's alpha is not blurred; each row of it waits in the front part
-// of the result's row. False when a colour does not fit the sums.
+// Sampling and the blur's horizontal half. The pattern's alpha is not blurred: that of each run waits in the front part
+// of the run's result. False when a colour does not fit the sums.
 bool sampleAndBlurAcrossPass(const RenderBlock& block, const FrameState& frame, const SampleTransform& sampling,
                              const TentScale& scale, BlurScratch& scratch) {
   std::atomic<bool> fits = true;
@@ -105,7 +104,7 @@ bool sampleAndBlurAcrossPass(const RenderBlock& block, const FrameState& frame, 
     for (int32_t y = first; y < end; ++y) {
       overRuns(frame.width, [&](int32_t x, size_t count) {
         sampleRun(frame.pattern, sampling, x, y, count, run);
-        std::copy_n(run.a, count, resultAt(block, 0, y) + x);
+        std::copy_n(run.a, count, resultAt(block, x, y));
         allFit = line.take(run, x, count) && allFit;
       });
       line.blurAcross(scale, y, scratch);
@@ -115,20 +114,20 @@ bool sampleAndBlurAcrossPass(const RenderBlock& block, const FrameState& frame, 
   return fits;
 }
 
-// The blur's vertical half and compositing. The runs go from right to left: the result of a run lies behind the alphas
-// of all runs to its left.
+// The blur's vertical half and compositing. Deliberate: the workers share columns of runs instead of rows. Each goes
+// all the way down, because the sums at the top of a part are as much work as its rows when the radius is large.
 void blurDownAndCompositePass(const RenderBlock& block, const FrameState& frame, const RenderTransform& transform,
                               const TentScale& scale, const BlurScratch& scratch) {
   const Compositing compositing(block, transform);
-  runOnWorkers(frame.height, [&](int32_t first, int32_t end) {
-    constexpr int32_t kLength = PixelRun::kLength;
+  constexpr int32_t kLength = PixelRun::kLength;
+  runOnWorkers((frame.width + kLength - 1) / kLength, [&](int32_t first, int32_t end) {
     PixelRun run;
-    for (int32_t x = (frame.width - 1) / kLength * kLength; x >= 0; x -= kLength) {
+    for (int32_t x = first * kLength; x < std::min(end * kLength, frame.width); x += kLength) {
       const auto count = static_cast<size_t>(std::min(kLength, frame.width - x));
-      BlurColumns columns(scratch, scale, x, count, first);
-      for (int32_t y = first; y < end; ++y) {
+      BlurColumns columns(scratch, scale, x, count, 0);
+      for (int32_t y = 0; y < frame.height; ++y) {
         columns.next(run);
-        std::copy_n(resultAt(block, 0, y) + x, count, run.a);
+        std::copy_n(resultAt(block, x, y), count, run.a);
         compositing.run(run, x, y, count);
       }
     }
@@ -172,8 +171,7 @@ void blurredPasses(const RenderBlock& block, const FrameState& frame, const Rend
                    int32_t radius) {
   if (radius <= kLargestExactRadius) {
     const TentScale across(radius, frame.width), down(radius, frame.height);
-    const LargeMemory memory(BlurScratch::bytes(frame.width, frame.height));
-    BlurScratch scratch(frame.width, frame.height, memory.get());
+    BlurScratch scratch(frame.width, frame.height, frame.hostMemory(BlurScratch::bytes(frame.width, frame.height)));
     if (sampleAndBlurAcrossPass(block, frame, transform.sampling(block), across, scratch)) {
       return blurDownAndCompositePass(block, frame, transform, down, scratch);
     }

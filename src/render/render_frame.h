@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "render/kernels/sample.h"
 #include "render/render_block.h"
@@ -14,6 +15,8 @@ struct FrameState {
   int32_t width = 0;
   int32_t height = 0;
   PatternPixels pattern;
+  // Memory from the host, which has it back when the frame is drawn. Throws what the host answers when it has none.
+  std::function<void*(int64_t bytes)> hostMemory;
 };
 
 // Draws the frame into the block's result: sampling, blur across, blur down, compositing. Each pass runs on all workers

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <list>
 #include <random>
 #include <vector>
 
 #include "description/language/param_index.h"
-#include "platform/large_memory.h"
 #include "render/kernels/blur.h"
 #include "render/kernels/composite.h"
 
@@ -39,6 +39,7 @@ struct TestFrame {
     set(Param::scale, 60);
     set(Param::rotation, 30);
     set(Param::tintopacity, 40);
+    state.hostMemory = [this](int64_t bytes) { return memory.emplace_back(static_cast<size_t>(bytes)).data(); };
   }
 
   static WorldRecord world(std::vector<float>& pixels) {
@@ -56,6 +57,7 @@ struct TestFrame {
   }
 
   std::vector<float> input = randomChannels(kChannels, 1, 1), pattern, result = std::vector<float>(kChannels, -9);
+  std::list<std::vector<char>> memory;
   DescriptionSettings settings;
   RenderBlock block{settings};
   FrameState state;
@@ -80,8 +82,7 @@ void drawInFourPasses(TestFrame& frame, int32_t radius) {
   });
   if (radius > 0) {
     const TentScale across(radius, kWidth), down(radius, kHeight);
-    const LargeMemory memory(BlurScratch::bytes(kWidth, kHeight));
-    BlurScratch scratch(kWidth, kHeight, memory.get());
+    BlurScratch scratch(kWidth, kHeight, frame.state.hostMemory(BlurScratch::bytes(kWidth, kHeight)));
     BlurLine line(kWidth, radius);
     for (int32_t y = 0; y < kHeight; ++y) {
       for (int32_t x = 0; x < kWidth; x += 100) {

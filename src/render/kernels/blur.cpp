@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include <hwy/cache_control.h>
+
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "render/kernels/blur.cpp"
 #include <hwy/foreach_target.h>
@@ -161,8 +163,10 @@ void nextRowKernel(const ColumnsPlace& columns, double scale, BlurColumns::Sums&
     const int32_t* next = columns.row(channel, columns.y + 1);
     const int32_t* entering = columns.row(channel, columns.y + 1 + columns.radius);
     const int32_t* leaving = columns.row(channel, columns.y + 1 - columns.radius);
+    const int32_t* soon = columns.row(channel, columns.y + 3 + columns.radius);
     for (size_t i = 0; i < columns.count; i += L::kCount) {
       const size_t at = static_cast<size_t>(channel) * PixelRun::kLength + i;
+      if (soon) hwy::Prefetch(soon + i);
       const L::D tent = loadWide(sums.tent + at), change = loadWide(sums.change + at);
       hn::Store(L::narrow(tent * factor), L::df, channels[channel] + i);
       const L::I centre = loadSteps(next, i);
@@ -196,19 +200,27 @@ TentScale::TentScale(int32_t radius, int32_t length) : radius_(radius), scales_(
 
 namespace {
 
-// Whole runs.
+constexpr size_t kLineBytes = 64;
+
+// Whole runs, and an odd number of cache lines: rows that are a power of two apart would share the cache's few places.
 size_t planeWidth(int32_t width) {
-  return (static_cast<size_t>(width) + PixelRun::kLength - 1) / PixelRun::kLength * PixelRun::kLength;
+  constexpr size_t kLine = kLineBytes / sizeof(int32_t);
+  const size_t whole = (static_cast<size_t>(width) + PixelRun::kLength - 1) / PixelRun::kLength * PixelRun::kLength;
+  return whole + (whole / kLine % 2 == 0 ? kLine : 0);
 }
 
 }  // namespace
 
-size_t BlurScratch::bytes(int32_t width, int32_t height) {
-  return planeWidth(width) * 3 * static_cast<size_t>(height) * sizeof(int32_t);
+int64_t BlurScratch::bytes(int32_t width, int32_t height) {
+  const size_t steps = planeWidth(width) * 3 * static_cast<size_t>(height);
+  return static_cast<int64_t>(steps * sizeof(int32_t) + kLineBytes);
 }
 
 BlurScratch::BlurScratch(int32_t width, int32_t height, void* memory)
-    : width_(width), height_(height), planeWidth_(planeWidth(width)), steps_(static_cast<int32_t*>(memory)) {}
+    : width_(width), height_(height), planeWidth_(planeWidth(width)) {
+  const auto address = reinterpret_cast<uintptr_t>(memory);
+  steps_ = static_cast<int32_t*>(memory) + (kLineBytes - address % kLineBytes) % kLineBytes / sizeof(int32_t);
+}
 
 BlurLine::BlurLine(int32_t width, int32_t radius)
     : width_(width), radius_(radius), steps_(4 * (static_cast<size_t>(width) + 2 * static_cast<size_t>(radius) + 2)) {}

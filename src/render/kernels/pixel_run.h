@@ -8,7 +8,7 @@ namespace quiltor {
 // which stay in the core's nearest cache. They compute whole vectors: what lies behind a shorter run's end is not
 // defined.
 struct PixelRun {
-  static constexpr size_t kLength = 256;  // a multiple of every vector's
+  static constexpr size_t kLength = 128;  // a multiple of every vector's
 
   alignas(64) float r[kLength];
   alignas(64) float g[kLength];
