@@ -15,7 +15,7 @@ def draw(rows, path):
     modes = list(dict.fromkeys(row["mode"] for row in rows))
     picture = Image.new("RGB", (WIDTH, TOP + ROW * len(modes) + 20), "white")
     pen = ImageDraw.Draw(picture)
-    pen.text((10, 8), "Processor time of a frame, Multiply = 1 in each depth", fill="black", font=font)
+    pen.text((10, 8), f"Time of a frame of {rows[0]['size']}, Multiply = 1 in each depth", fill="black", font=font)
     for place, (form, name) in enumerate(NAMES.items()):
         pen.rectangle((10 + 110 * place, 32, 22 + 110 * place, 44), fill=COLOURS[form])
         pen.text((28 + 110 * place, 30), name, fill="black", font=font)
@@ -36,4 +36,4 @@ def draw(rows, path):
 
 
 with open(sys.argv[1], encoding="utf-8") as figures:
-    draw(json.load(figures), sys.argv[2])
+    draw(json.load(figures)["modes"], sys.argv[2])

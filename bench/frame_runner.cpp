@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "hostapi/params.h"
+#include "standalone/cli/instance_values.h"
 
 namespace quiltor::bench {
 namespace {
@@ -15,7 +16,7 @@ using standalone::WorldFormat;
 // By their place in the registered parameters.
 constexpr int kSource = 1, kPatternLayer = 2, kTileMode = 5, kBlendMode = 6, kOpacity = 7, kScale = 8, kOffset = 9,
               kRotation = 10, kBlur = 14;
-constexpr int kFromLayer = 1;  // menu item
+constexpr int kFromLayer = 1, kFromFile = 2;  // menu items
 
 HostOptions trustingHost() {
   HostOptions options;
@@ -54,12 +55,28 @@ FrameRunner::FrameRunner(const std::string& modulePath)
 }
 
 void FrameRunner::setUp(const FrameJob& job, const World& input, const World& pattern, int threads) {
-  host_.options().iterateThreads = threads;
   instance_.emplace(effect_);
   if (!instance_->setUp().succeeded()) throw std::runtime_error("the instance could not be set up");
-  input_ = &input;
   instance_->setChoice(kSource, kFromLayer);
   instance_->setLayer(kPatternLayer, &pattern);
+  apply(job, input, threads);
+}
+
+void FrameRunner::setUpSaved(const FrameJob& job, const World& input, const std::vector<unsigned char>& saved,
+                             int threads) {
+  instance_.emplace(effect_);
+  if (!instance_->resetupFrom(saved).succeeded()) throw std::runtime_error("the instance could not be set up again");
+  instance_->setChoice(kSource, kFromFile);
+  apply(job, input, threads);
+}
+
+std::vector<unsigned char> FrameRunner::savedWith(const std::filesystem::path& pattern) {
+  return standalone::savedWithPattern(effect_, pattern);
+}
+
+void FrameRunner::apply(const FrameJob& job, const World& input, int threads) {
+  host_.options().iterateThreads = threads;
+  input_ = &input;
   instance_->setChoice(kTileMode, job.tileMode);
   instance_->setChoice(kBlendMode, job.blendMode);
   instance_->setNumber(kOpacity, job.opacity);

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "standalone/host/effect.h"
 #include "standalone/host/effect_module.h"
@@ -36,6 +38,11 @@ class FrameRunner {
 
   // The worlds must outlive the frames; the pattern has the input's format. threads are the host's for its iterations.
   void setUp(const FrameJob& job, const standalone::World& input, const standalone::World& pattern, int threads);
+  // The same with a pattern out of a picture file, from what savedWith gave.
+  void setUpSaved(const FrameJob& job, const standalone::World& input, const std::vector<unsigned char>& saved,
+                  int threads);
+  // An instance whose pattern is this picture file, as a project holds it.
+  std::vector<unsigned char> savedWith(const std::filesystem::path& pattern);
   // What the effect's calls for a frame took.
   struct Milliseconds {
     double elapsed = 0;
@@ -48,6 +55,8 @@ class FrameRunner {
   standalone::Effect& effect() { return effect_; }
 
  private:
+  void apply(const FrameJob& job, const standalone::World& input, int threads);
+
   standalone::Host host_;
   standalone::EffectModule module_;
   standalone::Effect effect_;

@@ -10,7 +10,7 @@ trap 'rm -rf "$work"' EXIT
 
 # count JOB FORMAT: of two frames, with what the module does before and after them.
 count() {
-  valgrind --tool=callgrind --callgrind-out-file="$work/out" "$bench" --alone --frames 2 --size 320x180 --jobs "$1" \
+  valgrind --tool=callgrind --callgrind-out-file="$work/out" "$bench" --alone --frames 2 --sizes 320x180 --jobs "$1" \
     --formats "$2" >"$work/log" 2>&1 || { cat "$work/log" >&2; exit 1; }
   callgrind_annotate --threshold=100 "$work/out" | tr -d ',' |
     awk '/Quiltor\.so\]/ { sum += $1 } END { if (!sum) exit 1; printf "%.0f\n", sum }'
