@@ -23,11 +23,13 @@ cmake_path(GET standard_library PARENT_PATH gcc)
 # The library was built with emulated thread-local variables, and shares some with those who use it.
 set(CMAKE_C_FLAGS_INIT "-femulated-tls")
 set(CMAKE_CXX_FLAGS_INIT "-femulated-tls -Wno-unused-command-line-argument -nostdinc++ -isystem ${gcc}/include/c++ -isystem ${gcc}/include/c++/${triple}")
-# No time in the files: the same sources give the same bytes. The standard library's threads are those of the other.
-set(link_flags "-fuse-ld=lld -B${gcc} -L${gcc} -static -Wl,--no-insert-timestamp -Wl,-s -lpthread")
+# No time in the files: the same sources give the same bytes.
+set(link_flags "-fuse-ld=lld -B${gcc} -L${gcc} -static -Wl,--no-insert-timestamp -Wl,-s")
 foreach(kind EXE SHARED MODULE)
   set(CMAKE_${kind}_LINKER_FLAGS_INIT "${link_flags}")
 endforeach()
+# What CMake names for this target, and the library whose threads the standard library's are.
+set(CMAKE_CXX_STANDARD_LIBRARIES "-lpthread -lkernel32 -luser32 -lgdi32 -lwinspool -lshell32 -lole32 -loleaut32 -luuid -lcomdlg32 -ladvapi32" CACHE STRING "")
 
 # Everything that is linked comes from build_dependencies.sh, and nothing from this system.
 set(QUILTOR_DEPENDENCIES "${CMAKE_CURRENT_LIST_DIR}/../build/windows-dependencies/installed" CACHE PATH "")

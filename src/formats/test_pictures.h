@@ -8,6 +8,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <system_error>
 #include <vector>
 // The library's header needs the C library's to come first.
 #include <jpeglib.h>
@@ -112,7 +113,8 @@ inline Bytes readBytes(const std::string& path) {
 
 inline void writeBytes(const std::string& path, const Bytes& bytes) {
   // Some file systems wait for the disk when a file is overwritten.
-  std::filesystem::remove(pathFromUtf8(path));
+  std::error_code stillOpen;
+  std::filesystem::remove(pathFromUtf8(path), stillOpen);
   std::ofstream(pathFromUtf8(path), std::ios::binary)
       .write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
 }

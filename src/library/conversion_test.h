@@ -15,6 +15,7 @@
 #include "library/data_folders.h"
 #include "library/files/read_text.h"
 #include "library/library_conversion.h"
+#include "platform/folder.h"
 
 namespace quiltor {
 
@@ -27,7 +28,8 @@ class ConversionTest : public testing::Test {
   }
 
   std::string library() const { return data_.path("library"); }
-  std::string library(const std::string& name) const { return library() + "/" + name; }
+  // As the conversion names it.
+  std::string library(const std::string& name) const { return library() + kPathSeparator + name; }
   std::string converted(const std::string& name) const { return data_.all("PS Patterns/" + name); }
 
   void writePatterns(const std::string& path, const TestPatternFile& file) { writeBytes(path, file.bytes()); }
@@ -50,6 +52,10 @@ class ConversionTest : public testing::Test {
   std::vector<std::string> log() const {
     std::vector<std::string> lines;
     readTextLines(data_.user("log.txt"), lines);
+    // The system's end of a line may have a carriage return.
+    for (std::string& line : lines) {
+      if (line.ends_with('\r')) line.pop_back();
+    }
     return lines;
   }
 

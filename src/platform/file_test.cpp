@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
 #include "platform/scratch_folder.h"
 
@@ -48,6 +50,20 @@ TEST(ReplaceFile, PutsAFileInTheOthersPlace) {
   EXPECT_TRUE(replaceFile(scratch.path("new"), scratch.path("old")));
   EXPECT_FALSE(std::filesystem::exists(scratch.path("new")));
   EXPECT_EQ(std::filesystem::file_size(scratch.path("old")), 3u);
+}
+
+TEST(ReplaceFile, SucceedsThoughSomebodyReadsTheOtherForAMoment) {
+  const ScratchFolder scratch;
+  for (const char* name : {"new", "old"}) std::ofstream(scratch.path(name)) << name;
+  std::FILE* const reading = openFile(scratch.path("old"), "rb");
+  ASSERT_NE(reading, nullptr);
+  std::thread reader([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    std::fclose(reading);
+  });
+  EXPECT_TRUE(replaceFile(scratch.path("new"), scratch.path("old")));
+  reader.join();
+  EXPECT_FALSE(std::filesystem::exists(scratch.path("new")));
 }
 
 TEST(ReplaceFile, LeavesBothWhenAFolderIsInTheWay) {

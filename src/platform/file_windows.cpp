@@ -10,6 +10,11 @@
 namespace quiltor {
 namespace {
 
+// A file cannot be replaced while somebody has it open. Whoever looks whether it is there, or for a virus, is soon
+// done.
+constexpr int kMostAttempts = 40;
+constexpr DWORD kPauseMilliseconds = 5;
+
 bool isFolder(const std::wstring& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
@@ -58,7 +63,14 @@ int64_t fileSize(std::FILE* file) {
 
 bool replaceFile(const std::string& from, const std::string& to) noexcept {
   try {
-    return MoveFileExW(systemPath(from).c_str(), systemPath(to).c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+    const std::wstring wideFrom = systemPath(from), wideTo = systemPath(to);
+    for (int attempt = 0; !MoveFileExW(wideFrom.c_str(), wideTo.c_str(), MOVEFILE_REPLACE_EXISTING); ++attempt) {
+      const DWORD error = GetLastError();
+      const bool isInUse = error == ERROR_SHARING_VIOLATION || (error == ERROR_ACCESS_DENIED && !isFolder(wideTo));
+      if (!isInUse || attempt == kMostAttempts) return false;
+      Sleep(kPauseMilliseconds);
+    }
+    return true;
   } catch (...) {
     return false;
   }

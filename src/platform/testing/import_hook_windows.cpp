@@ -39,7 +39,7 @@ std::vector<void*> loadedModules() {
   std::array<HMODULE, 256> modules{};
   DWORD bytes = 0;
   if (!EnumProcessModules(GetCurrentProcess(), modules.data(), sizeof modules, &bytes)) return {};
-  return {modules.begin(), modules.begin() + std::min(modules.size(), bytes / sizeof(HMODULE))};
+  return std::vector<void*>(modules.begin(), modules.begin() + std::min(modules.size(), bytes / sizeof(HMODULE)));
 }
 
 void write(void** place, void* value) {

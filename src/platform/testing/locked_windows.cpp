@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <array>
 #include <stdexcept>
 #include <string_view>
 
@@ -59,7 +60,9 @@ struct WriteProtected::Protection {
 };
 
 WriteProtected::WriteProtected(const std::string& folder) {
-  protectedPath = systemPath(folder);
+  std::array<wchar_t, MAX_PATH> path{};
+  protectedPath =
+      std::wstring(path.data(), GetFullPathNameW(systemPath(folder).c_str(), MAX_PATH, path.data(), nullptr));
   protection_ = std::make_unique<Protection>();
 }
 

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -14,13 +15,15 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-// Why the dialogs of a folder cannot be loaded.
+// Why the dialogs of a folder cannot be loaded, with the same separator everywhere.
 std::string reason(const std::string& folder) {
   std::ostringstream out;
   try {
     static_cast<void>(loadDialogRunner({.folder = folder, .out = &out}));
   } catch (const NoDialogs& error) {
-    return error.what();
+    std::string text = error.what();
+    std::ranges::replace(text, '\\', '/');
+    return text;
   }
   return "";
 }
