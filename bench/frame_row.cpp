@@ -6,8 +6,6 @@
 //   quit
 // The pictures are raw R, G, B, A, 8 bits a channel, in the folder that PEERS_DATA names: pattern.rgba of 256 x 256
 // pixels and layer_WIDTHxHEIGHT.rgba. An argument names another module than this build's, to compare the two.
-#include <sched.h>
-
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -20,6 +18,7 @@
 #include <vector>
 
 #include "bench/frame_runner.h"
+#include "bench/use_cores.h"
 
 namespace quiltor::bench {
 namespace {
@@ -45,14 +44,6 @@ World readWorld(const std::string& path, WorldFormat format, int width, int heig
     }
   }
   return world;
-}
-
-// So that a measurement with one thread is one of one core: the effect's workers share what their process may use.
-void useCores(int count) {
-  cpu_set_t cores;
-  CPU_ZERO(&cores);
-  for (int core = 0; core < count; ++core) CPU_SET(core, &cores);
-  sched_setaffinity(0, sizeof cores, &cores);
 }
 
 class Row {
