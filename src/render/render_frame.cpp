@@ -7,6 +7,7 @@
 #include "render/kernels/blur.h"
 #include "render/kernels/blur_plain.h"
 #include "render/kernels/composite.h"
+#include "render/kernels/streaming.h"
 #include "render/worker_threads.h"
 
 namespace quiltor {
@@ -14,9 +15,6 @@ namespace {
 
 // Beyond any frame's size; a radius that is larger weighs all its taps alike.
 constexpr int32_t kLargestRadius = 1 << 30;
-
-// Results that are larger leave the caches before they are read again, and are better written past them.
-constexpr int64_t kStreamedBytes = int64_t{12} << 20;
 
 float* resultAt(const RenderBlock& block, int32_t x, int32_t y) {
   return block.result.pixels +

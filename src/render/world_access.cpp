@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "host/application.h"
+#include "render/kernels/streaming.h"
 
 namespace quiltor {
 namespace {
@@ -17,6 +18,7 @@ struct RowContext {
   ptrdiff_t copyRowBytes;
   size_t count;  // pixels in a row
   float k;       // factor on the result's channels
+  bool streams;  // what is written, past the caches
 
   void* worldRow(A_long row) const { return world + row * worldRowBytes; }
   void* copyRow(A_long row) const { return copy + row * copyRowBytes; }
@@ -35,14 +37,16 @@ PF_Err convertRow(void* context, A_long thread, const Convert& convert) {
 
 PF_Err readRow(void* context, A_long thread, A_long row, A_long) {
   return convertRow(context, thread, [row](const RowContext& rows) {
-    readWorldRow(rows.format, rows.worldRow(row), rows.count, rows.copyRow(row));
+    readWorldRow(rows.format, rows.worldRow(row), rows.count, rows.copyRow(row), rows.streams);
+    if (rows.streams) finishStreaming();
   });
 }
 
 PF_Err writeRow(void* context, A_long thread, A_long row, A_long) {
   return convertRow(context, thread, [row](const RowContext& rows) {
     const auto* result = static_cast<const float*>(rows.copyRow(row));
-    writeWorldRow(rows.format, result, rows.k, rows.count, rows.worldRow(row));
+    writeWorldRow(rows.format, result, rows.k, rows.count, rows.worldRow(row), rows.streams);
+    if (rows.streams) finishStreaming();
   });
 }
 
@@ -58,7 +62,8 @@ RowContext rowsOf(const PF_InData& in, const PF_EffectWorld& world, WorldFormat 
           .copy = static_cast<uint8_t*>(copy),
           .copyRowBytes = rowBytes,
           .count = static_cast<size_t>(width),
-          .k = 1};
+          .k = 1,
+          .streams = false};
 }
 
 }  // namespace
@@ -90,11 +95,13 @@ WorldFormat WorldAccess::formatOf(const PF_EffectWorld& world) const {
 
 HostErr WorldAccess::read(const PF_EffectWorld& world, WorldFormat format, const WorldRecord& copy) const {
   RowContext context = rowsOf(in_, world, format, copy.pixels, copy.rowBytes);
+  context.streams = int64_t{copy.rowBytes} * copy.height > kStreamedBytes;
   return overRows(copy.height, &context, readRow);
 }
 
 HostErr WorldAccess::write(const ResultRecord& result, WorldFormat format, const PF_EffectWorld& world) const {
   RowContext context = rowsOf(in_, world, format, result.pixels, result.rowBytes);
+  context.streams = std::llabs(int64_t{world.rowbytes}) * result.height > kStreamedBytes;
   return overRows(result.height, &context, writeRow);
 }
 

@@ -13,8 +13,7 @@ enum class ChannelType { Byte, Float };
 struct CompositeSettings {
   int32_t mode = 0;    // from 0 in menu order; a mode beyond the last mixes to 0
   double opacity = 1;  // 0 .. 1, of the colour alone
-  // Whether the result is written past the caches, which pays when it is larger than they are. finishStreaming() has to
-  // follow on the same thread.
+  // Whether the result is written past the caches. finishStreaming() has to follow on the same thread.
   bool streams = false;
 };
 
@@ -23,8 +22,5 @@ struct CompositeSettings {
 // most a run's length.
 void compositeRun(const PixelRun& pattern, const void* input, ChannelType inputType, const CompositeSettings& how,
                   size_t count, float* result);
-
-// Makes what this thread has streamed visible to those that wait for it.
-void finishStreaming();
 
 }  // namespace quiltor

@@ -1,4 +1,5 @@
 #include "render/kernels/composite.h"
+#include "render/kernels/streaming.h"
 
 #include <gtest/gtest.h>
 

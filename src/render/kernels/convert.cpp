@@ -25,119 +25,141 @@ HWY_INLINE L::I toSteps(L::F v, float maximum) {
   return hn::ConvertTo(L::di, limited * L::f(maximum) + L::f(0.5f));
 }
 
-// Each format stores a vector of R, G, B, A into a world and, where the private copy is float, loads one.
+// Each format packs a vector of R, G, B, A into what a world holds and, where the private copy is float, unpacks it.
 struct Argb8 {
   static constexpr size_t kBytes = 4;
   static constexpr hn::Rebind<uint8_t, decltype(L::di)> bytes{};
-  static constexpr hn::Repartition<uint32_t, decltype(bytes)> words{};
-  static HWY_INLINE auto pack(L::F v) { return hn::BitCast(words, hn::DemoteTo(bytes, toSteps(v, 255))); }
-  static HWY_INLINE void store(L::F v, uint8_t* world) {
-    hn::StoreU(hn::BitCast(bytes, hn::RotateRight<24>(pack(v))), bytes, world);
-  }
+  static constexpr hn::Repartition<uint32_t, decltype(bytes)> packed{};
+  static HWY_INLINE auto words(L::F v) { return hn::BitCast(packed, hn::DemoteTo(bytes, toSteps(v, 255))); }
+  static HWY_INLINE auto pack(L::F v) { return hn::RotateRight<24>(words(v)); }
 };
 
 struct Bgra8 {
   static constexpr size_t kBytes = 4;
-  static HWY_INLINE void store(L::F v, uint8_t* world) {
-    const auto word = Argb8::pack(v);
-    const auto greenAndAlpha = hn::And(word, hn::Set(Argb8::words, 0xFF00FF00u));
-    const auto blueAndRed = hn::And(hn::RotateRight<16>(word), hn::Set(Argb8::words, 0x00FF00FFu));
-    hn::StoreU(hn::BitCast(Argb8::bytes, hn::Or(greenAndAlpha, blueAndRed)), Argb8::bytes, world);
+  static constexpr auto packed = Argb8::packed;
+  static HWY_INLINE auto pack(L::F v) {
+    const auto word = Argb8::words(v);
+    const auto greenAndAlpha = hn::And(word, hn::Set(packed, 0xFF00FF00u));
+    const auto blueAndRed = hn::And(hn::RotateRight<16>(word), hn::Set(packed, 0x00FF00FFu));
+    return hn::Or(greenAndAlpha, blueAndRed);
   }
 };
 
 struct Argb16 {
   static constexpr size_t kBytes = 8;
   static constexpr hn::Rebind<uint16_t, decltype(L::di)> halves{};
-  static constexpr hn::Repartition<uint64_t, decltype(halves)> pixels{};
+  static constexpr hn::Repartition<uint64_t, decltype(halves)> packed{};
   static HWY_INLINE L::F load(const uint8_t* world) {
     const auto argb = hn::LoadU(halves, reinterpret_cast<const uint16_t*>(world));
     return hn::ConvertTo(L::df, hn::Shuffle0321(hn::PromoteTo(L::di, argb))) * L::f(1.0f / 32768);
   }
-  static HWY_INLINE void store(L::F v, uint8_t* world) {
-    const auto rgba = hn::BitCast(pixels, hn::DemoteTo(halves, toSteps(v, 32768)));
-    const auto argb = hn::Or(hn::ShiftLeft<16>(rgba), hn::ShiftRight<48>(rgba));
-    hn::StoreU(hn::BitCast(halves, argb), halves, reinterpret_cast<uint16_t*>(world));
+  static HWY_INLINE auto pack(L::F v) {
+    const auto rgba = hn::BitCast(packed, hn::DemoteTo(halves, toSteps(v, 32768)));
+    return hn::Or(hn::ShiftLeft<16>(rgba), hn::ShiftRight<48>(rgba));
   }
 };
 
 struct ArgbFloat {
   static constexpr size_t kBytes = 16;
+  static constexpr auto packed = L::df;
   static HWY_INLINE L::F load(const uint8_t* world) {
     return hn::Shuffle0321(hn::LoadU(L::df, reinterpret_cast<const float*>(world)));
   }
-  static HWY_INLINE void store(L::F v, uint8_t* world) {
-    hn::StoreU(hn::Shuffle2103(v), L::df, reinterpret_cast<float*>(world));
-  }
+  static HWY_INLINE L::F pack(L::F v) { return hn::Shuffle2103(v); }
 };
 
 struct BgraFloat {
   static constexpr size_t kBytes = 16;
+  static constexpr auto packed = L::df;
   static HWY_INLINE L::F load(const uint8_t* world) {
     return hn::Shuffle0321(hn::Shuffle0123(hn::LoadU(L::df, reinterpret_cast<const float*>(world))));
   }
-  static HWY_INLINE void store(L::F v, uint8_t* world) {
-    hn::StoreU(hn::Shuffle0321(hn::Shuffle0123(v)), L::df, reinterpret_cast<float*>(world));
-  }
+  static HWY_INLINE L::F pack(L::F v) { return hn::Shuffle0321(hn::Shuffle0123(v)); }
 };
 
-template <class Format>
-void readRowAs(const uint8_t* world, size_t count, float* copy) {
+// How many pixels come before the first whole vector of a row when it has to be aligned to be written past the caches;
+// all of them when none is.
+size_t pixelsToAlignment(const void* row, size_t pixelBytes, size_t count) {
+  const size_t vectorBytes = kPixels * pixelBytes;
+  const size_t beyond = reinterpret_cast<uintptr_t>(row) % vectorBytes;
+  if (beyond % pixelBytes != 0) return count;
+  return std::min((vectorBytes - beyond) % vectorBytes / pixelBytes, count);
+}
+
+// Applies work, which maps kPixels pixels from one place to another, to a few pixels.
+template <class Work>
+void onFew(const uint8_t* from, size_t fromBytes, size_t count, uint8_t* to, size_t toBytes, const Work& work) {
+  constexpr size_t kMost = kPixels * 4 * sizeof(float);
+  HWY_ALIGN uint8_t in[kMost] = {};
+  HWY_ALIGN uint8_t out[kMost];
   for (size_t x = 0; x < count; x += kPixels) {
-    if (const size_t left = count - x; HWY_LIKELY(left >= kPixels)) {
-      hn::StoreU(Format::load(world + x * Format::kBytes), L::df, copy + 4 * x);
-    } else {
-      HWY_ALIGN uint8_t last[kPixels * Format::kBytes] = {};
-      HWY_ALIGN float pixels[4 * kPixels];
-      std::memcpy(last, world + x * Format::kBytes, left * Format::kBytes);
-      hn::Store(Format::load(last), L::df, pixels);
-      std::copy_n(pixels, 4 * left, copy + 4 * x);
-    }
+    const size_t few = std::min(kPixels, count - x);
+    std::memcpy(in, from + x * fromBytes, few * fromBytes);
+    work(in, out);
+    std::memcpy(to + x * toBytes, out, few * toBytes);
   }
 }
 
+// Maps a row by what makes a vector of the pixels at a place.
+template <class Tag, class Make>
+void mapRow(Tag tag, const uint8_t* from, size_t fromBytes, size_t count, uint8_t* to, size_t toBytes, bool streams,
+            const Make& make) {
+  using Lane = hn::TFromD<Tag>;
+  const auto few = [&](const uint8_t* in, uint8_t* out) { hn::StoreU(make(in), tag, reinterpret_cast<Lane*>(out)); };
+  size_t x = 0;
+  if (streams) {
+    x = pixelsToAlignment(to, toBytes, count);
+    onFew(from, fromBytes, x, to, toBytes, few);
+    for (; x + kPixels <= count; x += kPixels) {
+      hn::Stream(make(from + x * fromBytes), tag, reinterpret_cast<Lane*>(to + x * toBytes));
+    }
+  } else {
+    for (; x + kPixels <= count; x += kPixels) few(from + x * fromBytes, to + x * toBytes);
+  }
+  onFew(from + x * fromBytes, fromBytes, count - x, to + x * toBytes, toBytes, few);
+}
+
 template <class Format>
-void writeRowAs(const float* result, float k, size_t count, uint8_t* world) {
+void readRowAs(const uint8_t* world, size_t count, float* copy, bool streams) {
+  mapRow(L::df, world, Format::kBytes, count, reinterpret_cast<uint8_t*>(copy), 4 * sizeof(float), streams,
+         [](const uint8_t* from) { return Format::load(from); });
+}
+
+template <class Format>
+void writeRowAs(const float* result, float k, size_t count, uint8_t* world, bool streams) {
   const L::F factor = L::f(k);
-  for (size_t x = 0; x < count; x += kPixels) {
-    if (const size_t left = count - x; HWY_LIKELY(left >= kPixels)) {
-      Format::store(hn::LoadU(L::df, result + 4 * x) * factor, world + x * Format::kBytes);
-    } else {
-      HWY_ALIGN float pixels[4 * kPixels] = {};
-      HWY_ALIGN uint8_t last[kPixels * Format::kBytes];
-      std::copy_n(result + 4 * x, 4 * left, pixels);
-      Format::store(hn::Load(L::df, pixels) * factor, last);
-      std::memcpy(world + x * Format::kBytes, last, left * Format::kBytes);
-    }
-  }
+  mapRow(Format::packed, reinterpret_cast<const uint8_t*>(result), 4 * sizeof(float), count, world, Format::kBytes,
+         streams, [factor](const uint8_t* from) {
+           return Format::pack(hn::LoadU(L::df, reinterpret_cast<const float*>(from)) * factor);
+         });
 }
 
-void readFloatRowKernel(WorldFormat format, const uint8_t* world, size_t count, float* copy) {
+void readFloatRowKernel(WorldFormat format, const uint8_t* world, size_t count, float* copy, bool streams) {
   switch (format) {
     case WorldFormat::Argb16:
-      return readRowAs<Argb16>(world, count, copy);
+      return readRowAs<Argb16>(world, count, copy, streams);
     case WorldFormat::ArgbFloat:
-      return readRowAs<ArgbFloat>(world, count, copy);
+      return readRowAs<ArgbFloat>(world, count, copy, streams);
     case WorldFormat::BgraFloat:
-      return readRowAs<BgraFloat>(world, count, copy);
+      return readRowAs<BgraFloat>(world, count, copy, streams);
     case WorldFormat::Argb8:
     case WorldFormat::Bgra8:
       break;  // bytes stay bytes
   }
 }
 
-void writeRowKernel(WorldFormat format, const float* result, float k, size_t count, uint8_t* world) {
+void writeRowKernel(WorldFormat format, const float* result, float k, size_t count, uint8_t* world, bool streams) {
   switch (format) {
     case WorldFormat::Argb8:
-      return writeRowAs<Argb8>(result, k, count, world);
+      return writeRowAs<Argb8>(result, k, count, world, streams);
     case WorldFormat::Argb16:
-      return writeRowAs<Argb16>(result, k, count, world);
+      return writeRowAs<Argb16>(result, k, count, world, streams);
     case WorldFormat::ArgbFloat:
-      return writeRowAs<ArgbFloat>(result, k, count, world);
+      return writeRowAs<ArgbFloat>(result, k, count, world, streams);
     case WorldFormat::Bgra8:
-      return writeRowAs<Bgra8>(result, k, count, world);
+      return writeRowAs<Bgra8>(result, k, count, world, streams);
     case WorldFormat::BgraFloat:
-      return writeRowAs<BgraFloat>(result, k, count, world);
+      return writeRowAs<BgraFloat>(result, k, count, world, streams);
   }
 }
 
@@ -186,19 +208,19 @@ void reorderBytes(const uint8_t* world, size_t count, uint8_t* copy) {
 
 }  // namespace
 
-void readWorldRow(WorldFormat format, const void* world, size_t count, void* copy) {
+void readWorldRow(WorldFormat format, const void* world, size_t count, void* copy, bool streams) {
   const uint8_t* bytes = static_cast<const uint8_t*>(world);
   if (format == WorldFormat::Argb8) {
     reorderBytes<fromArgb>(bytes, count, static_cast<uint8_t*>(copy));
   } else if (format == WorldFormat::Bgra8) {
     reorderBytes<fromBgra>(bytes, count, static_cast<uint8_t*>(copy));
   } else {
-    HWY_DYNAMIC_DISPATCH(readFloatRowKernel)(format, bytes, count, static_cast<float*>(copy));
+    HWY_DYNAMIC_DISPATCH(readFloatRowKernel)(format, bytes, count, static_cast<float*>(copy), streams);
   }
 }
 
-void writeWorldRow(WorldFormat format, const float* result, float k, size_t count, void* world) {
-  HWY_DYNAMIC_DISPATCH(writeRowKernel)(format, result, k, count, static_cast<uint8_t*>(world));
+void writeWorldRow(WorldFormat format, const float* result, float k, size_t count, void* world, bool streams) {
+  HWY_DYNAMIC_DISPATCH(writeRowKernel)(format, result, k, count, static_cast<uint8_t*>(world), streams);
 }
 }  // namespace quiltor
 #endif

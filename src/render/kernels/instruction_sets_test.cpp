@@ -12,6 +12,7 @@
 #include "render/kernels/composite.h"
 #include "render/kernels/convert.h"
 #include "render/kernels/sample.h"
+#include "render/kernels/streaming.h"
 
 namespace quiltor {
 namespace {

@@ -31,16 +31,17 @@ struct RunPlaces {
 };
 
 template <TileMode kMode, bool kPlain, bool kNear>
-void findPlaces(const PatternPixels& pattern, const RowPlaces& row, double first, size_t count, RunPlaces& out) {
+void findPlaces(const PatternPixels& pattern, const RowPlaces& places, double first, size_t count, RunPlaces& out) {
   constexpr hn::Rebind<int32_t, decltype(L::dd)> ints{};
   constexpr hn::Rebind<float, decltype(L::dd)> floats{};
   constexpr TileMode kFold = kMode == TileMode::Mirrored ? TileMode::Mirrored : TileMode::Tiled;
   const Fold<kFold, kNear> foldX(pattern.width), foldY(pattern.height);
   const V width = number(pattern.width), height = number(pattern.height);
-  const V lastPair = number(pattern.width - 2), lastRow = number(pattern.height - 1);
-  V column = hn::Iota(L::dd, 0.0) + number(first);
-  for (size_t i = 0; i < count; i += kPlaces, column = column + number(kPlaces)) {
-    Place place = row.at<kPlain>(column);
+  const auto pitch = hn::Set(ints, pattern.width), lastPair = hn::Set(ints, pattern.width - 2),
+             lastRow = hn::Set(ints, pattern.height - 1);
+  V x = hn::Iota(L::dd, 0.0) + number(first);
+  for (size_t i = 0; i < count; i += kPlaces, x = x + number(kPlaces)) {
+    Place place = places.at<kPlain>(x);
     if constexpr (kMode == TileMode::Single) {
       const auto insideX = hn::And(place.x >= number(0), place.x < width);
       const auto insideY = hn::And(place.y >= number(0), place.y < height);
@@ -53,12 +54,13 @@ void findPlaces(const PatternPixels& pattern, const RowPlaces& row, double first
       place.y = foldY(place.y);
     }
     const V left = hn::Floor(place.x), upper = hn::Floor(place.y);
-    const V pair = hn::Min(left, lastPair), lower = hn::Min(upper + number(1), lastRow);
     hn::Store(hn::DemoteTo(floats, place.x - left), floats, out.fx + i);
     hn::Store(hn::DemoteTo(floats, place.y - upper), floats, out.fy + i);
-    hn::Store(hn::DemoteTo(ints, upper * width + pair), ints, out.upper + i);
-    hn::Store(hn::DemoteTo(ints, lower * width + pair), ints, out.lower + i);
-    hn::Store(hn::DemoteTo(ints, left - pair), ints, out.atEnd + i);
+    const auto column = hn::DemoteTo(ints, left), row = hn::DemoteTo(ints, upper);
+    const auto pair = hn::Min(column, lastPair), below = hn::Min(row + hn::Set(ints, 1), lastRow);
+    hn::Store(row * pitch + pair, ints, out.upper + i);
+    hn::Store(below * pitch + pair, ints, out.lower + i);
+    hn::Store(column - pair, ints, out.atEnd + i);
   }
 }
 
@@ -140,15 +142,20 @@ class FloatTexels {
 
   void fetch(const RunPlaces& at, size_t count) {
     const hn::FixedTag<float, 4> pixel;
+    const auto colour = hn::FirstN(pixel, 3);
     for (size_t i = 0; i < count; ++i) {
-      const auto texel = [&](int32_t index) { return hn::LoadU(pixel, floats_ + ptrdiff_t{4} * index); };
-      const auto upperLeft = texel(at.upper[i] + at.atEnd[i]), upperRight = texel(at.upper[i] + 1);
-      const auto lowerLeft = texel(at.lower[i] + at.atEnd[i]), lowerRight = texel(at.lower[i] + 1);
+      const float* const upper = floats_ + ptrdiff_t{4} * at.upper[i];
+      const float* const lower = floats_ + ptrdiff_t{4} * at.lower[i];
+      const auto upperRight = hn::LoadU(pixel, upper + 4), lowerRight = hn::LoadU(pixel, lower + 4);
+      auto upperLeft = upperRight, lowerLeft = lowerRight;
+      if (HWY_LIKELY(at.atEnd[i] == 0)) {
+        upperLeft = hn::LoadU(pixel, upper);
+        lowerLeft = hn::LoadU(pixel, lower);
+      }
       const auto fx = hn::Set(pixel, at.fx[i]), fy = hn::Set(pixel, at.fy[i]);
       const auto top = upperLeft + (upperRight - upperLeft) * fx;
       const auto bottom = lowerLeft + (lowerRight - lowerLeft) * fx;
-      hn::Store(top + (bottom - top) * fy, pixel, mixed_ + 4 * i);
-      mixed_[4 * i + 3] = floats_[ptrdiff_t{4} * (at.upper[i] + at.atEnd[i]) + 3];
+      hn::Store(hn::IfThenElse(colour, top + (bottom - top) * fy, upperLeft), pixel, mixed_ + 4 * i);
     }
   }
 
@@ -173,19 +180,24 @@ HWY_INLINE PixelLanes tint(const PixelLanes& in, const SampleTransform& t) {
           tintChannel(in.b, L::d(t.tintAmount * static_cast<double>(t.tintB)), brightness, rest), in.a};
 }
 
-// A tint of nothing leaves finite colours as they are, and those of bytes are finite.
-template <class Texels>
-bool tints(const SampleTransform& t) {
-  return t.tintAmount != 0 || std::is_same_v<Texels, FloatTexels>;
+enum class Tint { None, Nothing, Some };
+
+// A tint of nothing leaves finite colours as they are, and those of bytes are finite. Others become what the tint of
+// nothing makes of them, which 32 bits hold exactly: a zero or a not-a-number is added.
+HWY_INLINE PixelLanes tintNothing(const PixelLanes& in, const SampleTransform& t) {
+  const L::F brightness = luma(in.r, in.g, in.b);
+  const auto nothing = [&](float tint) { return L::f(static_cast<float>(t.tintAmount) * tint) * brightness; };
+  return {nothing(t.tintR) + in.r, nothing(t.tintG) + in.g, nothing(t.tintB) + in.b, in.a};
 }
 
-template <bool kTints, class Texels>
+template <Tint kTint, class Texels>
 void colourRun(const Texels& texels, const SampleTransform& t, const RunPlaces& at, size_t count, PixelRun& out) {
   const bool inverts = t.invertOn, single = t.tileMode == TileMode::Single;
   for (size_t i = 0; i < count; i += L::kCount) {
     PixelLanes pixels = texels.pixels(at, i);
     if (inverts) pixels = invert(pixels);
-    if (kTints) pixels = tint(pixels, t);
+    if (kTint == Tint::Nothing) pixels = tintNothing(pixels, t);
+    if (kTint == Tint::Some) pixels = tint(pixels, t);
     if (single) {
       const auto outside = hn::RebindMask(L::df, hn::Load(L::di, at.outside + i) > L::i(0));
       pixels = {hn::IfThenZeroElse(outside, pixels.r), hn::IfThenZeroElse(outside, pixels.g),
@@ -225,10 +237,11 @@ void sampleRunFrom(const PatternPixels& pattern, const SampleTransform& t, int32
   }
   Texels texels(pattern);
   texels.fetch(places, whole);
-  if (tints<Texels>(t)) {
-    colourRun<true>(texels, t, places, whole, out);
+  constexpr Tint kUntinted = std::is_same_v<Texels, FloatTexels> ? Tint::Nothing : Tint::None;
+  if (t.tintAmount == 0) {
+    colourRun<kUntinted>(texels, t, places, whole, out);
   } else {
-    colourRun<false>(texels, t, places, whole, out);
+    colourRun<Tint::Some>(texels, t, places, whole, out);
   }
 }
 

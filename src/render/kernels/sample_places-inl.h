@@ -33,7 +33,8 @@ constexpr double kFoldInVectors = 0x1p50;
 // What adding or subtracting size over and over leaves. Product and first difference are exact, because they stay on
 // the grid of x, or the sum is the one step of the loop that rounds.
 HWY_INLINE V foldTiledLanes(V x, V size, V inverse) {
-  const V rest = x - hn::Floor(x * inverse) * size;
+  const V rest = hn::NegMulAdd(hn::Floor(x * inverse), size, x);
+  if (HWY_LIKELY(hn::AllTrue(Lanes::dd, hn::And(rest >= number(0), rest < size)))) return rest;
   const V raised = hn::IfThenElse(rest < number(0), rest + size, rest);
   return hn::IfThenElse(raised >= size, raised - size, raised);
 }

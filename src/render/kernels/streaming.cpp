@@ -1,0 +1,9 @@
+#include "render/kernels/streaming.h"
+
+#include <hwy/cache_control.h>
+
+namespace quiltor {
+
+void finishStreaming() { hwy::FlushStream(); }
+
+}  // namespace quiltor
