@@ -89,6 +89,7 @@ void FrameRunner::apply(const FrameJob& job, const World& input, int threads) {
 FrameRunner::Milliseconds FrameRunner::frame() {
   standalone::Frame frame;
   frame.input = input_;
+  frame.spare = picture_ ? &*picture_ : nullptr;
   standalone::RenderResult result = instance_->renderSmart(frame);
   if (result.code != PF_Err_NONE || !result.output) throw std::runtime_error("the frame could not be rendered");
   picture_ = std::move(result.output);

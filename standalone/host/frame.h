@@ -16,6 +16,9 @@ struct Frame {
   // Smart render only: the wanted part in layer coordinates; without it the whole layer. An empty one asks for the
   // maximum rectangle alone.
   std::optional<PF_LRect> request = std::nullopt;
+  // Smart render only: an earlier picture of this host that is not needed any more. A host that is not strict renders
+  // over it when it has the new one's format and size, as hosts do that keep pools of worlds.
+  World* spare = nullptr;
 };
 
 struct RenderResult {

@@ -37,6 +37,19 @@ int16_t bitDepth(WorldFormat format) {
   }
 }
 
+struct Size {
+  int width, height;
+};
+
+World outputOf(const Frame& frame, Size size, const HostOptions& options) {
+  const WorldFormat format = frame.input->format();
+  World* const spare = options.strict ? nullptr : frame.spare;
+  if (spare && spare->format() == format && spare->width() == size.width && spare->height() == size.height) {
+    return std::move(*spare);
+  }
+  return World(format, size.width, size.height, options.outputRows);
+}
+
 constexpr PF_RenderOutputFlags kReturnsExtraPixels = 1;
 
 void checkRectangles(HostState& host, const PF_LRect& request, const PF_PreRenderOutput& output) {
@@ -132,7 +145,7 @@ RenderResult Instance::renderSmart(const Frame& frame) {
 
   if (prepared && !isEmpty(preOutput.result_rect)) {
     const PF_LRect& rect = preOutput.result_rect;
-    World output(format, rect.right - rect.left, rect.bottom - rect.top, host.options.outputRows);
+    World output = outputOf(frame, {rect.right - rect.left, rect.bottom - rect.top}, host.options);
     output.setOrigin(rect.left, rect.top);
     smart.setOutput(&output);
     PF_SmartRenderInput renderInput{};
