@@ -52,22 +52,26 @@ void overRuns(int32_t width, const Work& work) {
 // The input layer below the pattern, and how the two are mixed.
 class Compositing {
  public:
-  Compositing(const RenderBlock& block, const RenderTransform& transform)
+  enum class Order { ByRows, ByColumns };
+
+  Compositing(const RenderBlock& block, const RenderTransform& transform, Order order = Order::ByRows)
       : block_(block),
         input_(block.worlds[0]),
         type_(input_.bits == 8 ? ChannelType::Byte : ChannelType::Float),
         settings_{transform.blendMode, transform.opacity,
-                  int64_t{block.result.rowBytes} * block.result.height > kStreamedBytes} {}
+                  int64_t{block.result.rowBytes} * block.result.height > kStreamedBytes,
+                  order == Order::ByRows ? PixelRun::kLength * pixelBytes() : static_cast<size_t>(input_.rowBytes)} {}
 
   void run(const PixelRun& pattern, int32_t x, int32_t y, size_t count) const {
-    const size_t pixelBytes = type_ == ChannelType::Byte ? 4 : 4 * sizeof(float);
     const auto* row = static_cast<const uint8_t*>(input_.pixels) +
                       static_cast<size_t>(y) * static_cast<size_t>(input_.rowBytes) +
-                      static_cast<size_t>(x) * pixelBytes;
+                      static_cast<size_t>(x) * pixelBytes();
     compositeRun(pattern, row, type_, settings_, count, resultAt(block_, x, y));
   }
 
  private:
+  size_t pixelBytes() const { return type_ == ChannelType::Byte ? 4 : 4 * sizeof(float); }
+
   const RenderBlock& block_;
   const WorldRecord& input_;
   ChannelType type_;
@@ -116,7 +120,7 @@ bool sampleAndBlurAcrossPass(const RenderBlock& block, const FrameState& frame, 
 // all the way down, because the sums at the top of a part are as much work as its rows when the radius is large.
 void blurDownAndCompositePass(const RenderBlock& block, const FrameState& frame, const RenderTransform& transform,
                               const TentScale& scale, const BlurScratch& scratch) {
-  const Compositing compositing(block, transform);
+  const Compositing compositing(block, transform, Compositing::Order::ByColumns);
   constexpr int32_t kLength = PixelRun::kLength;
   runOnWorkers((frame.width + kLength - 1) / kLength, [&](int32_t first, int32_t end) {
     PixelRun run;

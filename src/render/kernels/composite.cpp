@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include <hwy/cache_control.h>
+
 #undef HWY_TARGET_INCLUDE
 #define HWY_TARGET_INCLUDE "render/kernels/composite.cpp"
 #include <hwy/foreach_target.h>
@@ -18,6 +20,7 @@ namespace HWY_NAMESPACE {
 
 using L = Lanes;
 using Formulas = BlendFormulas<Lanes>;
+constexpr size_t kLine = 64;  // of the caches, in bytes
 
 // A mode that keeps one side's colour and takes an alpha, at most the input's, from the pattern.
 template <Lanes::F (*kAlpha)(Lanes::F, Lanes::F), bool kShowsPattern>
@@ -69,13 +72,15 @@ HWY_INLINE PixelLanes compositePixels(const PixelLanes& input, const PixelLanes&
 
 // count pixels from the places where the pointers lie; the pattern has whole vectors of them.
 template <class Mode, ChannelType kInput>
-void compositePixelsOf(const PixelRun& pattern, const void* input, double opacity, size_t count, float* result) {
+void compositePixelsOf(const PixelRun& pattern, const void* input, const CompositeSettings& how, size_t count,
+                       float* result) {
   constexpr size_t kBytes = 4 * (kInput == ChannelType::Byte ? sizeof(uint8_t) : sizeof(float));
   const uint8_t* row = static_cast<const uint8_t*>(input);
-  const L::D share = L::d(opacity), rest = L::d(1.0 - opacity);
+  const L::D share = L::d(how.opacity), rest = L::d(1.0 - how.opacity);
   for (size_t i = 0; i < count; i += L::kCount) {
     const uint8_t* from = row + i * kBytes;
     float* to = result + 4 * i;
+    for (size_t line = 0; line < L::kCount * kBytes; line += kLine) hwy::Prefetch(from + how.ahead + line);
     const size_t left = count - i;
     HWY_ALIGN uint8_t lastInput[L::kCount * kBytes];
     HWY_ALIGN float last[4 * L::kCount];
@@ -92,7 +97,7 @@ void compositePixelsOf(const PixelRun& pattern, const void* input, double opacit
   }
 }
 
-using CompositePixels = void (*)(const PixelRun& pattern, const void* input, double opacity, size_t count,
+using CompositePixels = void (*)(const PixelRun& pattern, const void* input, const CompositeSettings& how, size_t count,
                                  float* result);
 
 template <ChannelType kInput>
@@ -115,7 +120,6 @@ CompositePixels compositeFor(int32_t mode) {
 
 // Past the caches: the frame is read again only when all of it has been drawn.
 void streamPixels(const float* pixels, size_t count, float* result) {
-  constexpr size_t kLine = 64;
   const uintptr_t address = reinterpret_cast<uintptr_t>(result);
   const size_t floats = 4 * count;
   if (address % sizeof(float) != 0) {
@@ -132,9 +136,9 @@ void compositeRunKernel(const PixelRun& pattern, const void* input, ChannelType 
                         size_t count, float* result) {
   const CompositePixels composite = inputType == ChannelType::Byte ? compositeFor<ChannelType::Byte>(how.mode)
                                                                    : compositeFor<ChannelType::Float>(how.mode);
-  if (!how.streams) return composite(pattern, input, how.opacity, count, result);
+  if (!how.streams) return composite(pattern, input, how, count, result);
   HWY_ALIGN float pixels[4 * PixelRun::kLength];
-  composite(pattern, input, how.opacity, count, pixels);
+  composite(pattern, input, how, count, pixels);
   streamPixels(pixels, count, result);
 }
 

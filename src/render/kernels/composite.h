@@ -15,6 +15,9 @@ struct CompositeSettings {
   double opacity = 1;  // 0 .. 1, of the colour alone
   // Whether the result is written past the caches. finishStreaming() has to follow on the same thread.
   bool streams = false;
+  // From these pixels of the input to those that are composited next, in bytes; 0 when nobody knows. They are fetched
+  // in the meantime.
+  size_t ahead = 0;
 };
 
 // Composites count pixels of the sampled pattern over those of the input layer and writes the result: straight alpha,
