@@ -78,18 +78,19 @@ class Compositing {
   CompositeSettings settings_;
 };
 
-// Sampling and compositing, which both look at one pixel at a time, run by run in the core's cache.
+// Sampling and compositing, which both look at one pixel at a time, run by run in the core's cache. The runs of a part
+// follow one another downwards: neighbouring rows share texels, which are still in the nearest cache then.
 void sampleAndCompositePass(const RenderBlock& block, const FrameState& frame, const RenderTransform& transform) {
   const SampleTransform sampling = transform.sampling(block);
-  const Compositing compositing(block, transform);
+  const Compositing compositing(block, transform, Compositing::Order::ByColumns);
   runOnWorkers(frame.height, [&](int32_t first, int32_t end) {
     PixelRun run;
-    for (int32_t y = first; y < end; ++y) {
-      overRuns(frame.width, [&](int32_t x, size_t count) {
+    overRuns(frame.width, [&](int32_t x, size_t count) {
+      for (int32_t y = first; y < end; ++y) {
         sampleRun(frame.pattern, sampling, x, y, count, run);
         compositing.run(run, x, y, count);
-      });
-    }
+      }
+    });
     finishStreaming();
   });
 }
