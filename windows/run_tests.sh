@@ -8,7 +8,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 readonly out="$PWD/build/windows-test"
 readonly filter="${1-*}"
 readonly wine=/usr/lib/wine/wine64 server=/usr/lib/wine/wineserver64
-export out wine WINEPREFIX="$out/prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY=
+export out wine WINEPREFIX="$out/prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe=" DISPLAY=
 
 # The programs that take long start first, and their tests run in so many parts.
 readonly long_programs=(tests_render_test:4 tests_refusals_test:4 library_test:3 tests_validate_test:2)

@@ -81,7 +81,7 @@ uint64_t promisedPixels(const Bytes& bytes) {
   jpeg_create_decompress(&reader.info);
   const bool read = setjmp(reader.onError) == 0;
   if (read) {
-    jpeg_mem_src(&reader.info, bytes.data(), bytes.size());
+    jpeg_mem_src(&reader.info, bytes.data(), static_cast<unsigned long>(bytes.size()));
     jpeg_read_header(&reader.info, TRUE);
   }
   const uint64_t pixels = read ? uint64_t{reader.info.image_width} * reader.info.image_height : 0;

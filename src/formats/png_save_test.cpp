@@ -127,8 +127,8 @@ TEST_F(PngSave, CompressesAsWellAsItCanAndDoesNotFilterRows) {
   const Bytes data = compressed();
   EXPECT_EQ(data[1] >> 6, 3) << "the level that the compressed data name";
   Bytes rows(8 * (64 * 3 + 1));
-  uLongf size = rows.size();
-  ASSERT_EQ(uncompress(rows.data(), &size, data.data(), data.size()), Z_OK);
+  auto size = static_cast<uLongf>(rows.size());
+  ASSERT_EQ(uncompress(rows.data(), &size, data.data(), static_cast<uLong>(data.size())), Z_OK);
   for (size_t y = 0; y < 8; ++y) EXPECT_EQ(rows[y * (64 * 3 + 1)], 0) << "the filter of row " << y;
 }
 

@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "platform/environment_override.h"
+#include "platform/folder.h"
 #include "platform/scratch_folder.h"
 #include "standalone/cli/command_line.h"
 
@@ -26,6 +28,12 @@ class CommandLineTest : public testing::Test {
     std::ostringstream out, err;
     const int status = runCommandLine(static_cast<int>(argv.size()), argv.data(), out, err);
     return {status, out.str(), err.str()};
+  }
+
+  // Text that names files, with the same separator everywhere.
+  static std::string withSlashes(std::string text) {
+    if (kPathSeparator == '\\') std::ranges::replace(text, '\\', '/');
+    return text;
   }
 
   // The same with the built module named.

@@ -125,12 +125,6 @@ TEST_F(ConvertCommandTest, tellsWhichPatternOfWhichFileFailsAndConvertsTheOthers
   EXPECT_THAT(made(), ElementsAre("a/a_00.png", "a/a_01.png", "b/b_00.png"));
 }
 
-TEST_F(ConvertCommandTest, keepsEachFailureOnItsLineWhateverAFileIsCalled) {
-  const Outcome outcome = convert({write("a\nb\x1b[2J.pat", {bitmap()})});
-  EXPECT_EQ(std::ranges::count(outcome.err, '\n'), 1) << outcome.err;
-  EXPECT_THAT(outcome.err, HasSubstr("/a b [2J.pat: 1st pattern"));
-}
-
 TEST_F(ConvertCommandTest, tellsThatAFileIsCutOff) {
   const std::string path = folder.path("a.pat");
   writeBytes(path, TestPatternFile{.patterns = {greyPattern(), rgbPattern(u"Last")}, .count = 3}.bytes());
@@ -161,7 +155,7 @@ TEST_F(ConvertCommandTest, doesNotMixFilesOfTheSameName) {
   const std::string second = write("b/same.pat", {rgbPattern()});
   const Outcome outcome = convert({folder.path("a"), folder.path("b")});
   EXPECT_EQ(outcome.status, 1);
-  EXPECT_EQ(outcome.err, "quiltor: " + second + ": its pictures would replace those of " + first + "\n");
+  EXPECT_EQ(withSlashes(outcome.err), "quiltor: " + second + ": its pictures would replace those of " + first + "\n");
   PatternImage image;
   ASSERT_EQ(LoadPngImage(output + "/same/same_00.png", image), 0);
   EXPECT_EQ(image.pixels.at(0), 10);
@@ -242,6 +236,16 @@ TEST_F(ConvertCommandTest, keepsTheNamesOfThePatternsFromTheOutput) {
   convert({write("a.pat", {greyPattern()})});
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
+
+#ifndef _WIN32  // there are no such names
+using LinuxConvertCommand = ConvertCommandTest;
+
+TEST_F(LinuxConvertCommand, keepsEachFailureOnItsLineWhateverAFileIsCalled) {
+  const Outcome outcome = convert({write("a\nb\x1b[2J.pat", {bitmap()})});
+  EXPECT_EQ(std::ranges::count(outcome.err, '\n'), 1) << outcome.err;
+  EXPECT_THAT(outcome.err, HasSubstr("/a b [2J.pat: 1st pattern"));
+}
+#endif
 
 }  // namespace
 }  // namespace quiltor::standalone

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "base/utf8_path.h"
 #include "formats/test_pattern_reading.h"
 #include "standalone/host/picture_file.h"
 #include "tests/cli/command_line_run.h"
@@ -86,8 +85,11 @@ TEST_F(RenderCommandTest, drawsThePatternOfALayer) {
 }
 
 TEST_F(RenderCommandTest, findsThePatternByARelativePath) {
-  const std::string relative = utf8FromPath(std::filesystem::relative(red));
-  ASSERT_EQ(render({"--pattern", relative}).status, 0);
+  // Beside the program, since no relative path leads to another drive.
+  const std::string relative = std::filesystem::path(folder.path()).filename().string() + ".png";
+  write(relative, 4, 4, {1, 0, 0, 1});
+  EXPECT_EQ(render({"--pattern", relative}).status, 0);
+  std::filesystem::remove(relative);
   expectRed();
 }
 
