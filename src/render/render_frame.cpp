@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cstring>
+#include <vector>
 
 #include "render/kernels/blur.h"
 #include "render/kernels/blur_plain.h"
@@ -95,10 +96,41 @@ void sampleAndCompositePass(const RenderBlock& block, const FrameState& frame, c
   });
 }
 
-// Sampling and the blur's horizontal half. The pattern's alpha is not blurred: that of each run waits in the front part
-// of the run's result. False when a colour does not fit the sums.
-bool sampleAndBlurAcrossPass(const RenderBlock& block, const FrameState& frame, const SampleTransform& sampling,
-                             const TentScale& scale, BlurScratch& scratch) {
+// The pattern's alpha, which is not blurred, between the blur's halves: that of each run waits in the front part of the
+// run's result. Most patterns are opaque, and memory is slower than asking.
+class WaitingAlpha {
+ public:
+  WaitingAlpha(const RenderBlock& block, const FrameState& frame)
+      : block_(block),
+        runs_((static_cast<size_t>(frame.width) + PixelRun::kLength - 1) / PixelRun::kLength),
+        opaque_(runs_ * static_cast<size_t>(frame.height)) {}
+
+  void put(const PixelRun& run, int32_t x, int32_t y, size_t count) {
+    const bool opaque = isOpaque(run, count);
+    opaque_[index(x, y)] = opaque ? 1 : 0;
+    if (!opaque) std::copy_n(run.a, count, resultAt(block_, x, y));
+  }
+  void get(int32_t x, int32_t y, size_t count, PixelRun& run) const {
+    if (opaque_[index(x, y)] == 1) {
+      std::fill_n(run.a, count, 1.0f);
+    } else {
+      std::copy_n(resultAt(block_, x, y), count, run.a);
+    }
+  }
+
+ private:
+  size_t index(int32_t x, int32_t y) const {
+    return static_cast<size_t>(y) * runs_ + static_cast<size_t>(x) / PixelRun::kLength;
+  }
+
+  const RenderBlock& block_;
+  size_t runs_;
+  std::vector<uint8_t> opaque_;
+};
+
+// Sampling and the blur's horizontal half. False when a colour does not fit the sums.
+bool sampleAndBlurAcrossPass(const FrameState& frame, const SampleTransform& sampling, const TentScale& scale,
+                             WaitingAlpha& alpha, BlurScratch& scratch) {
   std::atomic<bool> fits = true;
   runOnWorkers(frame.height, [&](int32_t first, int32_t end) {
     BlurLine line(frame.width, scale.radius());
@@ -107,7 +139,7 @@ bool sampleAndBlurAcrossPass(const RenderBlock& block, const FrameState& frame, 
     for (int32_t y = first; y < end; ++y) {
       overRuns(frame.width, [&](int32_t x, size_t count) {
         sampleRun(frame.pattern, sampling, x, y, count, run);
-        std::copy_n(run.a, count, resultAt(block, x, y));
+        alpha.put(run, x, y, count);
         allFit = line.take(run, x, count) && allFit;
       });
       line.blurAcross(scale, y, scratch);
@@ -120,7 +152,7 @@ bool sampleAndBlurAcrossPass(const RenderBlock& block, const FrameState& frame, 
 // The blur's vertical half and compositing. Deliberate: the workers share columns of runs instead of rows. Each goes
 // all the way down, because the sums at the top of a part are as much work as its rows when the radius is large.
 void blurDownAndCompositePass(const RenderBlock& block, const FrameState& frame, const RenderTransform& transform,
-                              const TentScale& scale, const BlurScratch& scratch) {
+                              const TentScale& scale, const WaitingAlpha& alpha, const BlurScratch& scratch) {
   const Compositing compositing(block, transform, Compositing::Order::ByColumns);
   constexpr int32_t kLength = PixelRun::kLength;
   runOnWorkers((frame.width + kLength - 1) / kLength, [&](int32_t first, int32_t end) {
@@ -130,7 +162,7 @@ void blurDownAndCompositePass(const RenderBlock& block, const FrameState& frame,
       BlurColumns columns(scratch, scale, x, count, 0);
       for (int32_t y = 0; y < frame.height; ++y) {
         columns.next(run);
-        std::copy_n(resultAt(block, x, y), count, run.a);
+        alpha.get(x, y, count, run);
         compositing.run(run, x, y, count);
       }
     }
@@ -175,8 +207,9 @@ void blurredPasses(const RenderBlock& block, const FrameState& frame, const Rend
   if (radius <= kLargestExactRadius) {
     const TentScale across(radius, frame.width), down(radius, frame.height);
     BlurScratch scratch(frame.width, frame.height, frame.hostMemory(BlurScratch::bytes(frame.width, frame.height)));
-    if (sampleAndBlurAcrossPass(block, frame, transform.sampling(block), across, scratch)) {
-      return blurDownAndCompositePass(block, frame, transform, down, scratch);
+    WaitingAlpha alpha(block, frame);
+    if (sampleAndBlurAcrossPass(frame, transform.sampling(block), across, alpha, scratch)) {
+      return blurDownAndCompositePass(block, frame, transform, down, alpha, scratch);
     }
   }
   plainBlurPasses(block, frame, transform, radius);

@@ -2,6 +2,12 @@
 
 namespace quiltor {
 
+bool isOpaque(const PixelRun& run, size_t count) {
+  int others = 0;
+  for (size_t i = 0; i < count; ++i) others |= run.a[i] == 1 ? 0 : 1;
+  return others == 0;
+}
+
 void packRun(const PixelRun& run, size_t count, float* pixels) {
   for (size_t i = 0; i < count; ++i, pixels += 4) {
     pixels[0] = run.r[i];

@@ -16,6 +16,9 @@ struct PixelRun {
   alignas(64) float a[kLength];
 };
 
+// Whether every pixel's alpha is 1.
+bool isOpaque(const PixelRun& run, size_t count);
+
 // To and from four floats a pixel, R, G, B, A.
 void packRun(const PixelRun& run, size_t count, float* pixels);
 void unpackRun(const float* pixels, size_t count, PixelRun& run);

@@ -43,18 +43,18 @@ PF_Handle HandleTable::make(A_HandleSize size) {
   return handle;
 }
 
-HandleTable::Memory HandleTable::takeMemory(std::size_t size) {
+CacheLineMemory HandleTable::takeMemory(std::size_t size) {
   {
     std::lock_guard lock(mutex_);
     const auto fitting = std::find_if(recycled_.begin(), recycled_.end(),
-                                      [size](const Memory& memory) { return memory.size() == size; });
+                                      [size](const CacheLineMemory& memory) { return memory.size() == size; });
     if (fitting != recycled_.end()) {
-      Memory memory = std::move(*fitting);
+      CacheLineMemory memory = std::move(*fitting);
       recycled_.erase(fitting);
       return memory;
     }
   }
-  return Memory(size, kFresh);
+  return CacheLineMemory(size, kFresh);
 }
 
 HandleTable::Block* HandleTable::find(PF_Handle handle, const char* action) {
@@ -158,7 +158,7 @@ void HandleTable::release(Block& block) {
   block.cell = nullptr;
   block.locks = 0;
   if (recycling_) recycled_.push_back(std::move(block.memory));
-  Memory().swap(block.memory);
+  CacheLineMemory().swap(block.memory);
 }
 
 void HandleTable::checkGuards(Block& block) {

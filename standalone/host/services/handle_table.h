@@ -3,29 +3,15 @@
 #include <cstddef>
 #include <memory>
 #include <mutex>
-#include <new>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "standalone/host/services/cache_line_memory.h"
 #include "standalone/host/services/call_scope.h"
 #include "standalone/host/services/findings.h"
 
 namespace quiltor::standalone {
-
-// Memory that starts on a cache line.
-template <class T>
-struct CacheLineAllocator {
-  using value_type = T;
-  static constexpr std::align_val_t kAlignment{64};
-
-  CacheLineAllocator() = default;
-  template <class U>
-  explicit CacheLineAllocator(const CacheLineAllocator<U>&) {}
-  T* allocate(std::size_t count) { return static_cast<T*>(::operator new(count * sizeof(T), kAlignment)); }
-  void deallocate(T* memory, std::size_t) { ::operator delete(memory, kAlignment); }
-  bool operator==(const CacheLineAllocator&) const { return true; }
-};
 
 // The effect's memory handles, with lock counts and guard bytes on both sides of the data. Cells outlive their data, so
 // that a handle used after its disposal is told from one that never was. Thread-safe.
@@ -57,12 +43,10 @@ class HandleTable {
   void reportLeaks(const void* effect);
 
  private:
-  using Memory = std::vector<unsigned char, CacheLineAllocator<unsigned char>>;
-
   struct Block {
     void* cell = nullptr;  // what a handle points at; null after the disposal
     A_HandleSize size = 0;
-    Memory memory;
+    CacheLineMemory memory;
     int locks = 0;
     std::string madeIn;
     const void* effect = nullptr;
@@ -73,13 +57,13 @@ class HandleTable {
   void checkGuards(Block& block);
   static std::string nameOf(const Block& block);
   void release(Block& block);
-  Memory takeMemory(std::size_t size);
+  CacheLineMemory takeMemory(std::size_t size);
 
   mutable std::mutex mutex_;
   Findings& findings_;
   std::unordered_map<PF_Handle, std::unique_ptr<Block>> blocks_;
   bool recycling_ = false;
-  std::vector<Memory> recycled_;
+  std::vector<CacheLineMemory> recycled_;
 };
 
 }  // namespace quiltor::standalone

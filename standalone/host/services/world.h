@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "hostapi/pixels.h"
+#include "standalone/host/services/cache_line_memory.h"
 
 namespace quiltor::standalone {
 
@@ -81,7 +82,7 @@ class World {
  private:
   WorldFormat format_;
   RowLayout rows_;
-  std::vector<unsigned char> memory_;
+  CacheLineMemory memory_;
   PF_EffectWorld record_{};
 
   void layOut(int width, int height);
