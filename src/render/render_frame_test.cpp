@@ -109,14 +109,25 @@ void drawInFourPasses(TestFrame& frame, int32_t radius) {
 
 class FusedPasses : public testing::TestWithParam<int> {};
 
-TEST_P(FusedPasses, GiveTheBitsOfFourSeparateOnes) {
-  TestFrame frame;
-  frame.set(Param::blur, static_cast<float>(GetParam()));
+void expectTheBitsOfFourPasses(TestFrame& frame, int32_t radius) {
+  frame.set(Param::blur, static_cast<float>(radius));
   renderFrame(frame.block, frame.state, frame.transform);
   const std::vector<float> fused = frame.result;
   frame.result.assign(frame.result.size(), -9);
-  drawInFourPasses(frame, GetParam());
+  drawInFourPasses(frame, radius);
   EXPECT_EQ(std::memcmp(fused.data(), frame.result.data(), fused.size() * sizeof(float)), 0);
+}
+
+TEST_P(FusedPasses, GiveTheBitsOfFourSeparateOnes) {
+  TestFrame frame;
+  expectTheBitsOfFourPasses(frame, GetParam());
+}
+
+TEST_P(FusedPasses, GiveThemForAPatternThatIsOpaqueInItsUpperHalf) {
+  TestFrame frame;
+  frame.set(Param::rotation, 0);
+  for (size_t alpha = 3; alpha < frame.pattern.size() / 2; alpha += 4) frame.pattern[alpha] = 1;
+  expectTheBitsOfFourPasses(frame, GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(Blurs, FusedPasses, testing::Values(0, 1, 2, 7, 33, 100));

@@ -148,6 +148,24 @@ TEST_P(EveryDepth, RowsMayLieBottomUpAndPadded) {
 INSTANTIATE_TEST_SUITE_P(Depths, EveryDepth,
                          testing::Values(WorldFormat::Argb8, WorldFormat::Argb16, WorldFormat::ArgbFloat));
 
+TEST_F(InstanceTest, ASpareWorldOfTheSameKindIsRenderedOverOnlyByAHostThatIsNotStrict) {
+  const World layer = samplePicture(WorldFormat::Argb8, 7, 5);
+  Instance instance(effect);
+  for (const bool strict : {true, false}) {
+    host.options().strict = strict;
+    for (const World& kind :
+         {layer, samplePicture(WorldFormat::Argb8, 7, 6), samplePicture(WorldFormat::Argb16, 7, 5)}) {
+      World spare = kind;
+      const void* const pixels = spare.record().data;
+      const RenderResult frame = instance.renderSmart({.input = &layer, .spare = &spare});
+      ASSERT_TRUE(frame.output);
+      EXPECT_EQ(frame.output->packed(), layer.packed());
+      const bool fits = kind.format() == layer.format() && kind.height() == layer.height();
+      EXPECT_EQ(frame.output->record().data == pixels, !strict && fits) << strict;
+    }
+  }
+}
+
 TEST_F(InstanceTest, ARequestForAPartGivesThatPartAtItsPlace) {
   const World layer = samplePicture(WorldFormat::Argb8, 7, 5);
   Instance instance(effect);
