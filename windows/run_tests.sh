@@ -23,7 +23,7 @@ die() {
 run_part() {
   # Paths that begin with a slash are on the drive of the current folder.
   cd "$out"
-  GTEST_SHARD_INDEX="$3" GTEST_TOTAL_SHARDS="$4" timeout 900 "$wine" "$2" --gtest_brief=1 --gtest_filter="$5" \
+  GTEST_SHARD_INDEX="$3" GTEST_TOTAL_SHARDS="$4" timeout 1800 "$wine" "$2" --gtest_brief=1 --gtest_filter="$5" \
     --gtest_color=no <<<"" >"$1.log" 2>&1 || mv "$1.log" "$1.failed"
 }
 export -f run_part
