@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <limits>
 #include <optional>
 
 namespace quiltor {
@@ -11,7 +12,8 @@ namespace quiltor {
 inline std::optional<int64_t> checkedProduct(std::initializer_list<int64_t> factors) {
   int64_t product = 1;
   for (const int64_t factor : factors) {
-    if (factor < 0 || __builtin_mul_overflow(product, factor, &product)) return std::nullopt;
+    if (factor < 0 || (factor > 0 && product > std::numeric_limits<int64_t>::max() / factor)) return std::nullopt;
+    product *= factor;
   }
   return product;
 }
