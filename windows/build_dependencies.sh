@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the libraries that the Windows build links, static, from the system's own source packages, into
-# build/windows-dependencies/installed. Does nothing when they are there.
+# build/windows-dependencies/installed. Does nothing when they are there, built as they would be now.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -10,6 +10,8 @@ readonly triple=x86_64-w64-mingw32
 readonly source_packages=(libpng1.6 libjpeg-turbo highway pixman cairo)
 jobs="$(nproc 2>/dev/null || echo 2)"
 readonly jobs
+# The same bytes in whatever folder they are built.
+readonly path_flags="-ffile-prefix-map=$root=."
 
 die() {
   printf 'windows dependencies: %s\n' "$*" >&2
@@ -64,7 +66,7 @@ fetch_sources() {
 with_cmake() {
   local name=$1 folder=$2
   shift 2
-  logged "$name-configure" cmake -G Ninja -S "$folder" -B "$root/build/$name" -DCMAKE_BUILD_TYPE=Release \
+  CFLAGS=$path_flags CXXFLAGS=$path_flags logged "$name-configure" cmake -G Ninja -S "$folder" -B "$root/build/$name" -DCMAKE_BUILD_TYPE=Release \
     -DCMAKE_INSTALL_PREFIX="$installed" -DCMAKE_INSTALL_LIBDIR="$installed/lib" -DBUILD_SHARED_LIBS=OFF "$@"
   logged "$name-build" cmake --build "$root/build/$name" --parallel "$jobs" --target install
 }
@@ -95,8 +97,11 @@ link_headers() {
   cp -r /usr/share/cmake/{CLI11,nlohmann_json} "$installed/share/cmake"
 }
 
-if [[ -f "$installed/complete" ]]; then exit 0; fi
-rm -rf "$installed" "$root/build"
+recipe="$(sha256sum windows/build_dependencies.sh windows/toolchain.cmake)"
+readonly recipe
+[[ ! -f "$installed/complete" || "$(<"$installed/complete")" != "$recipe" ]] || exit 0
+# With what was compiled against those that were there.
+rm -rf "$installed" "$root/build" build/windows
 mkdir -p "$installed"
 (fetch_sources)
 link_headers
@@ -104,11 +109,11 @@ with_cmake libpng "$root/sources/libpng1.6" "${as_c[@]}" -DPNG_SHARED=OFF -DPNG_
 with_cmake libjpeg "$root/sources/libjpeg-turbo" "${as_c[@]}" -DENABLE_SHARED=OFF -DWITH_TURBOJPEG=OFF
 with_cmake highway "$root/sources/highway" "${as_cpp[@]}" -DBUILD_TESTING=OFF -DHWY_ENABLE_CONTRIB=OFF -DHWY_ENABLE_EXAMPLES=OFF
 with_cmake googletest /usr/src/googletest "${as_cpp[@]}" -DCMAKE_CXX_STANDARD=20
-with_configure pixman "$root/sources/pixman" pixman CFLAGS=-O2 --disable-gtk --disable-libpng --disable-openmp
+with_configure pixman "$root/sources/pixman" pixman CFLAGS="-O2 $path_flags" --disable-gtk --disable-libpng --disable-openmp
 install -D -m 644 "$root/build/pixman/pixman-1.pc" "$installed/lib/pkgconfig/pixman-1.pc"
 # Its configuration asks for checks that need a library of the C compiler's.
-with_configure cairo "$root/sources/cairo" src CFLAGS="-O2 -Wp,-U_FORTIFY_SOURCE" CPPFLAGS=-DCAIRO_WIN32_STATIC_BUILD --disable-xlib --disable-xcb \
+with_configure cairo "$root/sources/cairo" src CFLAGS="-O2 $path_flags -Wp,-U_FORTIFY_SOURCE" CPPFLAGS=-DCAIRO_WIN32_STATIC_BUILD --disable-xlib --disable-xcb \
   --disable-ft --disable-fc --disable-svg --disable-pdf --disable-ps --disable-png --disable-script \
   --disable-interpreter --disable-gobject --disable-trace
 install -D -m 644 "$root/build/cairo/src/cairo.pc" "$installed/lib/pkgconfig/cairo.pc"
-touch "$installed/complete"
+printf '%s\n' "$recipe" >"$installed/complete"

@@ -2,7 +2,7 @@
 #
 # Deliberate: clang, not the g++ of that target. 64-bit Windows aligns the stack to 16 bytes and AVX vectors want 32:
 # clang aligns the stack itself, which GCC cannot do on this target, so that its code depends on every move being an
-# unaligned one. Clang also takes a third of the time for the kernels.
+# unaligned one (docs/decisions.md). Clang also takes a third of the time for the kernels.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR AMD64)
 
@@ -20,9 +20,12 @@ set(CMAKE_RANLIB llvm-ranlib)
 execute_process(COMMAND ${triple}-g++-posix -print-file-name=libstdc++.a OUTPUT_VARIABLE standard_library
                 OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 cmake_path(GET standard_library PARENT_PATH gcc)
-# The library was built with emulated thread-local variables, and shares some with those who use it.
-set(CMAKE_C_FLAGS_INIT "-femulated-tls")
-set(CMAKE_CXX_FLAGS_INIT "-femulated-tls -Wno-unused-command-line-argument -nostdinc++ -isystem ${gcc}/include/c++ -isystem ${gcc}/include/c++/${triple}")
+# The library was built with emulated thread-local variables, and shares some with those who use it. The last folder
+# that the compiler searches by itself has the headers of the system that builds. No path of this folder in the files.
+cmake_path(GET CMAKE_CURRENT_LIST_DIR PARENT_PATH project)
+set(flags "-femulated-tls -nostdlibinc -idirafter /usr/${triple}/include -ffile-prefix-map=${project}=.")
+set(CMAKE_C_FLAGS_INIT "${flags}")
+set(CMAKE_CXX_FLAGS_INIT "${flags} -Wno-unused-command-line-argument -nostdinc++ -isystem ${gcc}/include/c++ -isystem ${gcc}/include/c++/${triple}")
 # No time in the files: the same sources give the same bytes.
 set(link_flags "-fuse-ld=lld -B${gcc} -L${gcc} -static -Wl,--no-insert-timestamp -Wl,-s")
 foreach(kind EXE SHARED MODULE)
