@@ -106,7 +106,8 @@ mkdir -p "$installed"
 (fetch_sources)
 link_headers
 with_cmake libpng "$root/sources/libpng1.6" "${as_c[@]}" -DPNG_SHARED=OFF -DPNG_TESTS=OFF
-with_cmake libjpeg "$root/sources/libjpeg-turbo" "${as_c[@]}" -DENABLE_SHARED=OFF -DWITH_TURBOJPEG=OFF
+with_cmake libjpeg "$root/sources/libjpeg-turbo" "${as_c[@]}" -DENABLE_SHARED=OFF -DWITH_TURBOJPEG=OFF \
+  -DBUILD=0 -DCMAKE_ASM_NASM_FLAGS=--reproducible
 with_cmake highway "$root/sources/highway" "${as_cpp[@]}" -DBUILD_TESTING=OFF -DHWY_ENABLE_CONTRIB=OFF -DHWY_ENABLE_EXAMPLES=OFF
 with_cmake googletest /usr/src/googletest "${as_cpp[@]}" -DCMAKE_CXX_STANDARD=20
 with_configure pixman "$root/sources/pixman" pixman CFLAGS="-O2 $path_flags" --disable-gtk --disable-libpng --disable-openmp

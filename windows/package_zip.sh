@@ -14,9 +14,8 @@ readonly folder="build/package/$name"
 licence() { cat "${@:2}" >"$folder/licences/$1.txt"; }
 
 rm -rf build/package
-umask 022  # what the archive says of who may read the files
 mkdir -p "$folder/licences" dist
-cp build/windows/Quiltor.aex build/windows/quiltor.exe "$folder"
+install -m 755 build/windows/Quiltor.aex build/windows/quiltor.exe "$folder"
 sed "s/@VERSION@/$version/" windows/zip_readme.txt | sed 's/$/\r/' >"$folder/README.txt"
 licence libpng "$sources/libpng1.6/LICENSE"
 licence libjpeg-turbo "$sources/libjpeg-turbo/LICENSE.md" "$sources/libjpeg-turbo/README.ijg"
