@@ -5,7 +5,7 @@
 #include <atomic>
 #include <exception>
 
-#include "platform/small_thread.h"
+#include "platform/shared_work.h"
 
 namespace quiltor {
 namespace {
@@ -48,13 +48,7 @@ class Pass {
 
 void runOnWorkers(int32_t rows, const std::function<void(int32_t first, int32_t end)>& work) {
   Pass pass(rows, work);
-  {
-    std::array<SmallThread, kWorkers> threads;
-    bool started = false;
-    for (SmallThread& thread : threads) started = thread.start(&Pass::takeParts, &pass) || started;
-    // A system out of threads or memory still gets its picture.
-    if (!started) Pass::takeParts(&pass);
-  }
+  shareWork(kWorkers, &Pass::takeParts, &pass);
   pass.rethrowFirstFailure();
 }
 
