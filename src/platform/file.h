@@ -18,7 +18,8 @@ bool appendLine(const std::string& path, std::string&& line) noexcept;
 int64_t fileSize(std::FILE* file);
 
 // Gives a file another name in one step: whoever opens that name meets the file that had it before or the whole new
-// one. Where a file that is open cannot be replaced, waits a moment for its end. False when the system refuses. Never throws.
+// one. Where a file that is open cannot be replaced, waits a moment for its end. False when the system refuses. Never
+// throws.
 bool replaceFile(const std::string& from, const std::string& to) noexcept;
 
 // Deletes a file if it is there. Never throws.
