@@ -130,7 +130,7 @@ void drawFrame(RenderBlock& block, FrameBuffers& buffers, const LayerTransformRe
   transform.setLayer(layer.transform);
   transform.patternImage = patternImage;
   FrameState frame;
-  frame.hostMemory = [&buffers](int64_t bytes) { return buffers.allocate(bytes, 1); };
+  frame.hostMemory = [&buffers](size_t bytes) { return buffers.allocate(static_cast<int64_t>(bytes), 1); };
   if (renderFrame) renderFrame(block, frame, transform);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 
@@ -16,7 +17,7 @@ struct FrameState {
   int32_t height = 0;
   PatternPixels pattern;
   // Memory from the host, which has it back when the frame is drawn. Throws what the host answers when it has none.
-  std::function<void*(int64_t bytes)> hostMemory;
+  std::function<void*(size_t bytes)> hostMemory;
 };
 
 // Draws the frame into the block's result: sampling, blur across, blur down, compositing. Each pass runs on all workers

@@ -39,7 +39,7 @@ struct TestFrame {
     set(Param::scale, 60);
     set(Param::rotation, 30);
     set(Param::tintopacity, 40);
-    state.hostMemory = [this](int64_t bytes) { return memory.emplace_back(static_cast<size_t>(bytes)).data(); };
+    state.hostMemory = [this](size_t bytes) { return memory.emplace_back(bytes).data(); };
   }
 
   static WorldRecord world(std::vector<float>& pixels) {

@@ -211,9 +211,9 @@ size_t planeWidth(int32_t width) {
 
 }  // namespace
 
-int64_t BlurScratch::bytes(int32_t width, int32_t height) {
+size_t BlurScratch::bytes(int32_t width, int32_t height) {
   const size_t steps = planeWidth(width) * 3 * static_cast<size_t>(height);
-  return static_cast<int64_t>(steps * sizeof(int32_t) + kLineBytes);
+  return steps * sizeof(int32_t) + kLineBytes;
 }
 
 BlurScratch::BlurScratch(int32_t width, int32_t height, void* memory)

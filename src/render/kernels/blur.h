@@ -37,7 +37,7 @@ class TentScale {
 // The horizontally blurred colours of a frame in steps, channel by channel within a row.
 class BlurScratch {
  public:
-  static int64_t bytes(int32_t width, int32_t height);
+  static size_t bytes(int32_t width, int32_t height);
   // memory holds that many bytes and outlives this.
   BlurScratch(int32_t width, int32_t height, void* memory);
 
