@@ -101,9 +101,7 @@ void sampleAndCompositePass(const RenderBlock& block, const FrameState& frame, c
 class WaitingAlpha {
  public:
   WaitingAlpha(const RenderBlock& block, const FrameState& frame)
-      : block_(block),
-        runs_((static_cast<size_t>(frame.width) + PixelRun::kLength - 1) / PixelRun::kLength),
-        opaque_(runs_ * static_cast<size_t>(frame.height)) {}
+      : block_(block), runs_(runsIn(frame.width)), opaque_(runs_ * static_cast<size_t>(frame.height)) {}
 
   void put(const PixelRun& run, int32_t x, int32_t y, size_t count) {
     const bool opaque = isOpaque(run, count);
@@ -155,7 +153,7 @@ void blurDownAndCompositePass(const RenderBlock& block, const FrameState& frame,
                               const TentScale& scale, const WaitingAlpha& alpha, const BlurScratch& scratch) {
   const Compositing compositing(block, transform, Compositing::Order::ByColumns);
   constexpr int32_t kLength = PixelRun::kLength;
-  runOnWorkers((frame.width + kLength - 1) / kLength, [&](int32_t first, int32_t end) {
+  runOnWorkers(static_cast<int32_t>(runsIn(frame.width)), [&](int32_t first, int32_t end) {
     PixelRun run;
     for (int32_t x = first * kLength; x < std::min(end * kLength, frame.width); x += kLength) {
       const auto count = static_cast<size_t>(std::min(kLength, frame.width - x));

@@ -10,6 +10,7 @@
 #include <hwy/foreach_target.h>
 //
 #include <hwy/highway.h>
+#include "render/kernels/streaming.h"
 #include "render/kernels/vector_lanes-inl.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -200,12 +201,10 @@ TentScale::TentScale(int32_t radius, int32_t length) : radius_(radius), scales_(
 
 namespace {
 
-constexpr size_t kLineBytes = 64;
-
 // Whole runs, and an odd number of cache lines: rows that are a power of two apart would share the cache's few places.
 size_t planeWidth(int32_t width) {
-  constexpr size_t kLine = kLineBytes / sizeof(int32_t);
-  const size_t whole = (static_cast<size_t>(width) + PixelRun::kLength - 1) / PixelRun::kLength * PixelRun::kLength;
+  constexpr size_t kLine = kCacheLineBytes / sizeof(int32_t);
+  const size_t whole = runsIn(width) * PixelRun::kLength;
   return whole + (whole / kLine % 2 == 0 ? kLine : 0);
 }
 
@@ -213,13 +212,14 @@ size_t planeWidth(int32_t width) {
 
 size_t BlurScratch::bytes(int32_t width, int32_t height) {
   const size_t steps = planeWidth(width) * 3 * static_cast<size_t>(height);
-  return steps * sizeof(int32_t) + kLineBytes;
+  return steps * sizeof(int32_t) + kCacheLineBytes;
 }
 
 BlurScratch::BlurScratch(int32_t width, int32_t height, void* memory)
     : width_(width), height_(height), planeWidth_(planeWidth(width)) {
   const auto address = reinterpret_cast<uintptr_t>(memory);
-  steps_ = static_cast<int32_t*>(memory) + (kLineBytes - address % kLineBytes) % kLineBytes / sizeof(int32_t);
+  steps_ =
+      static_cast<int32_t*>(memory) + (kCacheLineBytes - address % kCacheLineBytes) % kCacheLineBytes / sizeof(int32_t);
 }
 
 BlurLine::BlurLine(int32_t width, int32_t radius)

@@ -12,6 +12,7 @@
 #include <hwy/highway.h>
 #include "render/kernels/blend_formulas-inl.h"
 #include "render/kernels/blend_modes.h"
+#include "render/kernels/streaming.h"
 #include "render/kernels/vector_lanes-inl.h"
 
 HWY_BEFORE_NAMESPACE();
@@ -20,7 +21,6 @@ namespace HWY_NAMESPACE {
 
 using L = Lanes;
 using Formulas = BlendFormulas<Lanes>;
-constexpr size_t kLine = 64;  // of the caches, in bytes
 
 // A mode that keeps one side's colour and takes an alpha, at most the input's, from the pattern.
 template <Lanes::F (*kAlpha)(Lanes::F, Lanes::F), bool kShowsPattern>
@@ -80,7 +80,7 @@ void compositePixelsOf(const PixelRun& pattern, const void* input, const Composi
   for (size_t i = 0; i < count; i += L::kCount) {
     const uint8_t* from = row + i * kBytes;
     float* to = result + 4 * i;
-    for (size_t line = 0; line < L::kCount * kBytes; line += kLine) hwy::Prefetch(from + how.ahead + line);
+    for (size_t line = 0; line < L::kCount * kBytes; line += kCacheLineBytes) hwy::Prefetch(from + how.ahead + line);
     const size_t left = count - i;
     HWY_ALIGN uint8_t lastInput[L::kCount * kBytes];
     HWY_ALIGN float last[4 * L::kCount];
@@ -126,7 +126,7 @@ void streamPixels(const float* pixels, size_t count, float* result) {
     std::memcpy(result, pixels, floats * sizeof(float));
     return;
   }
-  size_t i = std::min(floats, (kLine - address % kLine) % kLine / sizeof(float));
+  size_t i = std::min(floats, (kCacheLineBytes - address % kCacheLineBytes) % kCacheLineBytes / sizeof(float));
   std::copy_n(pixels, i, result);
   for (; i + L::kCount <= floats; i += L::kCount) hn::Stream(hn::LoadU(L::df, pixels + i), L::df, result + i);
   std::copy_n(pixels + i, floats - i, result + i);

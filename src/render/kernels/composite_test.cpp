@@ -1,5 +1,4 @@
 #include "render/kernels/composite.h"
-#include "render/kernels/streaming.h"
 
 #include <gtest/gtest.h>
 
@@ -8,6 +7,7 @@
 #include <limits>
 
 #include "render/kernels/blend_modes.h"
+#include "render/kernels/streaming.h"
 
 namespace quiltor {
 namespace {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 namespace quiltor {
 
@@ -15,6 +16,11 @@ struct PixelRun {
   alignas(64) float b[kLength];
   alignas(64) float a[kLength];
 };
+
+// How many of them make a row.
+constexpr size_t runsIn(int32_t width) {
+  return (static_cast<size_t>(width) + PixelRun::kLength - 1) / PixelRun::kLength;
+}
 
 // Whether every pixel's alpha is 1.
 bool isOpaque(const PixelRun& run, size_t count);
