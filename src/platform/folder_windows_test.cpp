@@ -30,19 +30,11 @@ TEST(WindowsFolder, NamesComeAsUtf8WhateverTheCodePage) {
   writeFile(folder + L"\\\u00EB.png");
   writeFile(folder + L"\\\u7F8E.png");
   writeFile(folder + L"\\\U0001F3A8.png");
-  EXPECT_EQ(createFolder(scratch.path("M\xC3\xBCster")), FolderCreation::Created);
   const auto contents = readFolder(scratch.path());
   ASSERT_TRUE(contents);
-  EXPECT_THAT(
-      contents->entries,
-      ElementsAre(FieldsAre("M\xC3\xBCster", EntryType::Folder), FieldsAre("\xC3\xAB.png", EntryType::File),
-                  FieldsAre("\xE7\xBE\x8E.png", EntryType::File), FieldsAre("\xF0\x9F\x8E\xA8.png", EntryType::File)));
-  for (const FolderEntry& entry : contents->entries) {
-    if (entry.type != EntryType::File) continue;
-    std::FILE* const file = openFile(scratch.path(entry.name), "rb");
-    EXPECT_NE(file, nullptr) << entry.name;
-    if (file) std::fclose(file);
-  }
+  EXPECT_THAT(contents->entries,
+              ElementsAre(FieldsAre("\xC3\xAB.png", EntryType::File), FieldsAre("\xE7\xBE\x8E.png", EntryType::File),
+                          FieldsAre("\xF0\x9F\x8E\xA8.png", EntryType::File)));
 }
 
 TEST(WindowsFolder, ANameThatIsNoTextComesByItsShortNameOrAsAQuestionMark) {

@@ -9,10 +9,10 @@
 #include <mutex>
 #include <random>
 #include <string>
-#include <thread>
 
 #include "platform/named_mutex.h"
 #include "platform/scratch_folder.h"
+#include "platform/testing/threads_apart.h"
 
 namespace quiltor {
 namespace {
@@ -56,19 +56,7 @@ TEST_F(LockFile, FollowsItsLockFileWhenThatWasSweptAway) {
 TEST_F(LockFile, KeepsThreadsApartWhereTheSystemRefusesALockFile) {
   std::filesystem::create_directory(lockFile());
   NamedMutex mutex(name_);
-  int visits = 0;
-  const auto visitOften = [&] {
-    for (int turn = 0; turn < 2000; ++turn) {
-      const std::lock_guard lock(mutex);
-      const int before = visits;
-      std::this_thread::yield();
-      visits = before + 1;
-    }
-  };
-  std::thread other(visitOften);
-  visitOften();
-  other.join();
-  EXPECT_EQ(visits, 4000);
+  EXPECT_EQ(turnsApart(mutex), kTurnsApart);
 }
 
 TEST_F(LockFile, DoesNotFollowALinkThatSomebodyLaidInItsPlace) {

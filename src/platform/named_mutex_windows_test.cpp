@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "platform/named_mutex.h"
+#include "platform/testing/threads_apart.h"
 
 namespace quiltor {
 namespace {
@@ -39,19 +40,7 @@ TEST_F(WindowsMutex, KeepsThreadsApartWhereTheSystemRefusesIt) {
   const HANDLE event = CreateEventA(nullptr, FALSE, FALSE, name_.c_str());
   ASSERT_NE(event, nullptr);
   NamedMutex mutex(name_);
-  int visits = 0;
-  const auto visitOften = [&] {
-    for (int turn = 0; turn < 2000; ++turn) {
-      const std::lock_guard lock(mutex);
-      const int before = visits;
-      std::this_thread::yield();
-      visits = before + 1;
-    }
-  };
-  std::thread other(visitOften);
-  visitOften();
-  other.join();
-  EXPECT_EQ(visits, 4000);
+  EXPECT_EQ(turnsApart(mutex), kTurnsApart);
   CloseHandle(event);
 }
 

@@ -3,21 +3,16 @@
 #include <filesystem>
 
 #include "library/files/folders.h"
-#include "platform/scratch_folder.h"
+#include "platform/testing/current_scratch_folder.h"
 
 namespace quiltor {
 namespace {
 
 namespace fs = std::filesystem;
 
-// Relative paths start in the scratch folder.
 class LinuxFolders : public testing::Test {
  protected:
-  LinuxFolders() { fs::current_path(scratch_.path()); }
-  ~LinuxFolders() override { fs::current_path(before_); }
-
-  const fs::path before_ = fs::current_path();
-  ScratchFolder scratch_;
+  const CurrentScratchFolder scratch_;
 };
 
 TEST_F(LinuxFolders, ANameWithoutSeparatorWhoseParentIsMissingIsNotMade) {

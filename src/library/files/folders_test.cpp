@@ -6,21 +6,16 @@
 #include <fstream>
 #include <system_error>
 
-#include "platform/scratch_folder.h"
+#include "platform/testing/current_scratch_folder.h"
 
 namespace quiltor {
 namespace {
 
 namespace fs = std::filesystem;
 
-// Relative paths start in the scratch folder.
 class Folders : public testing::Test {
  protected:
-  Folders() { fs::current_path(scratch_.path()); }
-  ~Folders() override { fs::current_path(before_); }
-
-  const fs::path before_ = fs::current_path();
-  ScratchFolder scratch_;
+  const CurrentScratchFolder scratch_;
 };
 
 TEST_F(Folders, OneThatExistsIsMadeAlready) { EXPECT_TRUE(createFolderChain(scratch_.path())); }
