@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 #include <zlib.h>
 
 #include <algorithm>
@@ -9,6 +8,7 @@
 #include "formats/image_file.h"
 #include "formats/test_pictures.h"
 #include "platform/scratch_folder.h"
+#include "platform/testing/closing_left_files.h"
 
 namespace quiltor {
 namespace {
@@ -49,23 +49,6 @@ void repairChecksums(Bytes& bytes) {
     chunk += 12 + length;
   }
 }
-
-// The failures of the PNG reader leave its file open; thousands of them would use up what the process may open.
-class ClosesLeftFiles {
- public:
-  ~ClosesLeftFiles() {
-    const int after = next();
-    for (int descriptor = first_; descriptor < after; ++descriptor) close(descriptor);
-  }
-
- private:
-  static int next() {
-    const int descriptor = dup(STDERR_FILENO);
-    close(descriptor);
-    return descriptor;
-  }
-  int first_ = next();
-};
 
 // How many pixels the header of a JPEG file promises, 0 when it cannot be read.
 uint64_t promisedPixels(const Bytes& bytes) {
@@ -126,13 +109,13 @@ TEST_F(DamagedImage, APngIsReadWholeOrRefused) {
        .paletteAlpha = {0, 128}});
   Counts counts;
   for (int turn = 0; turn < kTurns; ++turn) {
-    const ClosesLeftFiles closesLeftFiles;
     Bytes bytes = originals[static_cast<size_t>(turn) % originals.size()];
     damage(bytes, random_);
     if (turn % 4 != 0) repairChecksums(bytes);
     writeBytes(path_, bytes);
     PatternImage image;
-    const int32_t result = LoadPngImage(path_, image);
+    // A refusal leaves the file open; thousands would use up what the process may open.
+    const int32_t result = closingLeftFiles([&] { return LoadPngImage(path_, image); });
     ASSERT_TRUE(result == 0 || result == -4) << result << " in turn " << turn;
     ++(result == 0 ? counts.read : counts.refused);
     ASSERT_EQ(image.pixels.size(), result == 0 ? bytesFor(image, 4) : 0) << "in turn " << turn;
