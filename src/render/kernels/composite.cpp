@@ -25,6 +25,8 @@ using Formulas = BlendFormulas<Lanes>;
 // A mode that keeps one side's colour and takes an alpha, at most the input's, from the pattern.
 template <Lanes::F (*kAlpha)(Lanes::F, Lanes::F), bool kShowsPattern>
 struct Matte {
+  static constexpr bool kHasOpaque = false;
+
   static HWY_INLINE PixelLanes blend(const PixelLanes& input, const PixelLanes& pattern) {
     PixelLanes out = kShowsPattern ? pattern : input;
     const L::F alpha = kAlpha(luma(pattern.r, pattern.g, pattern.b), pattern.a);
@@ -37,6 +39,8 @@ struct Matte {
 // A mode that mixes channel by channel and lays the mix over the input.
 template <Lanes::F (*kMix)(Lanes::F, Lanes::F)>
 struct Mix {
+  static constexpr bool kHasOpaque = true;
+
   static HWY_INLINE PixelLanes blend(const PixelLanes& input, const PixelLanes& pattern) {
     const L::F rest = L::f(1) - pattern.a;
     const L::F alpha = rest * input.a + pattern.a;
@@ -51,23 +55,51 @@ struct Mix {
     return {capped(r), capped(g), capped(b), alpha};
   }
 
+  // The same where both are opaque and the input's colours are finite, but for the sign of a zero.
+  static HWY_INLINE PixelLanes blendOpaque(const PixelLanes& input, const PixelLanes& pattern) {
+    const auto over = [](L::F i, L::F p) { return capped(kMix(i, p)); };
+    return {over(input.r, pattern.r), over(input.g, pattern.g), over(input.b, pattern.b), L::f(1)};
+  }
+
   static HWY_INLINE L::F divided(L::F colour, L::F alpha) {
     return L::select(alpha > L::f(0), colour / alpha, L::f(1));
   }
-  static HWY_INLINE L::F capped(L::F colour) { return L::select(colour > L::f(1), L::f(1), colour); }
+  // A not-a-number stays, because a minimum with it is its second operand.
+  static HWY_INLINE L::F capped(L::F colour) { return hn::Min(L::f(1), colour); }
 };
 
-HWY_INLINE L::F mixByOpacity(L::F mode, L::F input, L::F inputAlpha, L::D opacity, L::D rest) {
-  const L::F mixed = L::narrow(L::widen(mode) * opacity + L::widen(input) * rest);
-  return L::select(inputAlpha <= L::f(0), input, mixed);
+// What every pixel of a frame is mixed by: the mode's share and the input's.
+struct Shares {
+  explicit Shares(double opacity) : mode(L::d(opacity)), input(L::d(1.0 - opacity)), ordinary(opacity <= 1) {}
+
+  HWY_INLINE L::F mix(L::F modeColour, L::F inputColour) const {
+    return L::narrow(L::widen(modeColour) * mode + L::widen(inputColour) * input);
+  }
+
+  L::D mode, input;
+  bool ordinary;  // the input's is not negative, so that what it adds takes the sign from a zero
+};
+
+// Whether both are opaque and the input's colours are finite, as those of bytes are.
+template <ChannelType kInput>
+HWY_INLINE bool areOpaque(const PixelLanes& input, const PixelLanes& pattern) {
+  auto opaque = hn::And(input.a == L::f(1), pattern.a == L::f(1));
+  if (kInput == ChannelType::Float) opaque = hn::And(opaque, (input.r + input.g + input.b) * L::f(0) == L::f(0));
+  return hn::AllTrue(L::df, opaque);
 }
 
-template <class Mode>
-HWY_INLINE PixelLanes compositePixels(const PixelLanes& input, const PixelLanes& pattern, L::D opacity, L::D rest) {
+template <class Mode, ChannelType kInput>
+HWY_INLINE PixelLanes compositePixels(const PixelLanes& input, const PixelLanes& pattern, const Shares& shares) {
+  if constexpr (Mode::kHasOpaque) {
+    if (HWY_LIKELY(shares.ordinary && areOpaque<kInput>(input, pattern))) {
+      const PixelLanes mode = Mode::blendOpaque(input, pattern);
+      return {shares.mix(mode.r, input.r), shares.mix(mode.g, input.g), shares.mix(mode.b, input.b), L::f(1)};
+    }
+  }
   const PixelLanes mode = Mode::blend(input, pattern);
-  return {mixByOpacity(mode.r, input.r, input.a, opacity, rest), mixByOpacity(mode.g, input.g, input.a, opacity, rest),
-          mixByOpacity(mode.b, input.b, input.a, opacity, rest),
-          L::select(input.a <= L::f(0), input.a, mode.a * input.a)};
+  const auto where = [nothing = input.a <= L::f(0)](L::F in, L::F out) { return L::select(nothing, in, out); };
+  return {where(input.r, shares.mix(mode.r, input.r)), where(input.g, shares.mix(mode.g, input.g)),
+          where(input.b, shares.mix(mode.b, input.b)), where(input.a, mode.a * input.a)};
 }
 
 // count pixels from the places where the pointers lie; the pattern has whole vectors of them.
@@ -76,7 +108,7 @@ void compositePixelsOf(const PixelRun& pattern, const void* input, const Composi
                        float* result) {
   constexpr size_t kBytes = 4 * (kInput == ChannelType::Byte ? sizeof(uint8_t) : sizeof(float));
   const uint8_t* row = static_cast<const uint8_t*>(input);
-  const L::D share = L::d(how.opacity), rest = L::d(1.0 - how.opacity);
+  const Shares shares(how.opacity);
   for (size_t i = 0; i < count; i += L::kCount) {
     const uint8_t* from = row + i * kBytes;
     float* to = result + 4 * i;
@@ -92,7 +124,7 @@ void compositePixelsOf(const PixelRun& pattern, const void* input, const Composi
     }
     const PixelLanes under =
         kInput == ChannelType::Byte ? loadBytes(from) : loadFloats(reinterpret_cast<const float*>(from));
-    storeFloats(compositePixels<Mode>(under, loadRun(pattern, i), share, rest), to);
+    storeFloats(compositePixels<Mode, kInput>(under, loadRun(pattern, i), shares), to);
     if (HWY_UNLIKELY(left < L::kCount)) std::copy_n(last, 4 * left, result + 4 * i);
   }
 }

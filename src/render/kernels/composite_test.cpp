@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstring>
 #include <limits>
 
@@ -13,6 +15,7 @@ namespace quiltor {
 namespace {
 
 using Pixel = std::array<float, 4>;
+constexpr size_t kRow = 32;  // pixels: whole vectors of every instruction set
 
 template <size_t kFloats>
 std::array<float, kFloats> compositeRow(const void* input, ChannelType type, BlendMode mode, double opacity,
@@ -114,6 +117,60 @@ TEST(Composite, ANonFinitePatternHarmsItsOwnPixelOnly) {
   const std::array<float, 8> row = compositeRow(inputs.data(), ChannelType::Float, BlendMode::Multiply, 1, pattern);
   EXPECT_EQ(row[4], 0.25f);
   EXPECT_EQ(row[7], 1);
+}
+
+// What a pixel becomes by itself: its vector's other lanes are transparent then, and take the long way.
+template <class Channel>
+std::array<float, 4 * kRow> compositeOneByOne(const std::array<Channel, 4 * kRow>& input, ChannelType type,
+                                              BlendMode mode, double opacity,
+                                              const std::array<float, 4 * kRow>& pattern) {
+  std::array<float, 4 * kRow> result;
+  for (size_t i = 0; i < result.size(); i += 4) {
+    const Pixel over{pattern[i], pattern[i + 1], pattern[i + 2], pattern[i + 3]};
+    const Pixel pixel = compositeRow(input.data() + i, type, mode, opacity, over);
+    std::copy(pixel.begin(), pixel.end(), result.begin() + static_cast<std::ptrdiff_t>(i));
+  }
+  return result;
+}
+
+template <class Channel>
+void expectRowAsItsPixels(const std::array<Channel, 4 * kRow>& input, ChannelType type,
+                          const std::array<float, 4 * kRow>& pattern) {
+  for (int32_t number = 0; number <= static_cast<int32_t>(BlendMode::Count); ++number) {
+    const auto mode = static_cast<BlendMode>(number);
+    for (const double opacity : {0.0, 0.7, 1.0, 1.5, -1.0}) {
+      const auto row = compositeRow(input.data(), type, mode, opacity, pattern);
+      const auto pixels = compositeOneByOne(input, type, mode, opacity, pattern);
+      EXPECT_EQ(std::memcmp(row.data(), pixels.data(), sizeof row), 0) << "mode " << number << " at " << opacity;
+    }
+  }
+}
+
+TEST(Composite, DrawsOpaquePixelsTheShortWayToTheSameBits) {
+  std::array<uint8_t, 4 * kRow> bytes;
+  std::array<float, 4 * kRow> floats, pattern;
+  for (size_t i = 0; i < bytes.size(); ++i) {
+    const bool isAlpha = i % 4 == 3;
+    bytes[i] = isAlpha ? 255 : static_cast<uint8_t>(i % 9 == 0 ? 0 : i * 37);
+    floats[i] = isAlpha ? 1.0f : static_cast<float>(i % 11) / 4 - 1;
+    pattern[i] = isAlpha ? 1.0f : i % 5 == 0 ? -0.0f : static_cast<float>(i % 7) / 4 - 0.5f;
+  }
+  floats[0] = -0.0f;
+  expectRowAsItsPixels(bytes, ChannelType::Byte, pattern);
+  expectRowAsItsPixels(floats, ChannelType::Float, pattern);
+
+  const auto opaquePattern = pattern;
+  for (size_t i = 3; i < pattern.size(); i += 8) pattern[i] = 0.25f;
+  expectRowAsItsPixels(bytes, ChannelType::Byte, pattern);
+  expectRowAsItsPixels(floats, ChannelType::Float, pattern);
+
+  auto translucent = bytes;
+  for (size_t i = 3; i < translucent.size(); i += 12) translucent[i] = 254;
+  expectRowAsItsPixels(translucent, ChannelType::Byte, opaquePattern);
+
+  floats[5] = std::numeric_limits<float>::infinity();
+  floats[4 * kRow - 4] = -std::numeric_limits<float>::infinity();
+  expectRowAsItsPixels(floats, ChannelType::Float, opaquePattern);
 }
 
 TEST(Composite, StreamsTheSamePixelsToEveryAddress) {
