@@ -1,7 +1,6 @@
 #include "render/kernels/convert.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
 
 #undef HWY_TARGET_INCLUDE
@@ -15,9 +14,8 @@ HWY_BEFORE_NAMESPACE();
 namespace quiltor {
 namespace HWY_NAMESPACE {
 
-// The channels of a pixel lie side by side in the vectors of this file: a vector holds a quarter of its lanes' pixels.
+// The channels of a pixel lie side by side in the vectors of this file.
 using L = Lanes;
-constexpr size_t kPixels = L::kCount / 4;
 
 // The nearest of steps 0 .. maximum; a not-a-number becomes 0, because a maximum with it is its second operand.
 HWY_INLINE L::I toSteps(L::F v, float maximum) {
@@ -25,9 +23,16 @@ HWY_INLINE L::I toSteps(L::F v, float maximum) {
   return hn::ConvertTo(L::di, limited * L::f(maximum) + L::f(0.5f));
 }
 
-// Each format packs a vector of R, G, B, A into what a world holds and, where the private copy is float, unpacks it.
+constexpr hn::RebindToUnsigned<decltype(L::di)> kWords{};
+using Words = hn::Vec<decltype(kWords)>;
+HWY_INLINE Words loadWords(const uint8_t* pixels) {
+  return hn::BitCast(kWords, hn::LoadU(hn::Repartition<uint8_t, decltype(kWords)>(), pixels));
+}
+
+// Each format packs a vector of R, G, B, A into what a world holds, and loads what its private copy holds.
 struct Argb8 {
   static constexpr size_t kBytes = 4;
+  static HWY_INLINE Words load(const uint8_t* world) { return hn::RotateRight<8>(loadWords(world)); }
   static constexpr hn::Rebind<uint8_t, decltype(L::di)> bytes{};
   static constexpr hn::Repartition<uint32_t, decltype(bytes)> packed{};
   static HWY_INLINE auto words(L::F v) { return hn::BitCast(packed, hn::DemoteTo(bytes, toSteps(v, 255))); }
@@ -37,12 +42,14 @@ struct Argb8 {
 struct Bgra8 {
   static constexpr size_t kBytes = 4;
   static constexpr auto packed = Argb8::packed;
-  static HWY_INLINE auto pack(L::F v) {
-    const auto word = Argb8::words(v);
-    const auto greenAndAlpha = hn::And(word, hn::Set(packed, 0xFF00FF00u));
-    const auto blueAndRed = hn::And(hn::RotateRight<16>(word), hn::Set(packed, 0x00FF00FFu));
+  template <class Tag>
+  static HWY_INLINE auto swapBlueAndRed(Tag tag, hn::Vec<Tag> words) {
+    const auto greenAndAlpha = hn::And(words, hn::Set(tag, 0xFF00FF00u));
+    const auto blueAndRed = hn::And(hn::RotateRight<16>(words), hn::Set(tag, 0x00FF00FFu));
     return hn::Or(greenAndAlpha, blueAndRed);
   }
+  static HWY_INLINE Words load(const uint8_t* world) { return swapBlueAndRed(kWords, loadWords(world)); }
+  static HWY_INLINE auto pack(L::F v) { return swapBlueAndRed(packed, Argb8::words(v)); }
 };
 
 struct Argb16 {
@@ -79,25 +86,10 @@ struct BgraFloat {
 
 // How many pixels come before the first whole vector of a row when it has to be aligned to be written past the caches;
 // all of them when none is.
-size_t pixelsToAlignment(const void* row, size_t pixelBytes, size_t count) {
-  const size_t vectorBytes = kPixels * pixelBytes;
+size_t pixelsToAlignment(const void* row, size_t vectorBytes, size_t pixelBytes, size_t count) {
   const size_t beyond = reinterpret_cast<uintptr_t>(row) % vectorBytes;
   if (beyond % pixelBytes != 0) return count;
   return std::min((vectorBytes - beyond) % vectorBytes / pixelBytes, count);
-}
-
-// Applies work, which maps kPixels pixels from one place to another, to a few pixels.
-template <class Work>
-void onFew(const uint8_t* from, size_t fromBytes, size_t count, uint8_t* to, size_t toBytes, const Work& work) {
-  constexpr size_t kMost = kPixels * 4 * sizeof(float);
-  HWY_ALIGN uint8_t in[kMost] = {};
-  HWY_ALIGN uint8_t out[kMost];
-  for (size_t x = 0; x < count; x += kPixels) {
-    const size_t few = std::min(kPixels, count - x);
-    std::memcpy(in, from + x * fromBytes, few * fromBytes);
-    work(in, out);
-    std::memcpy(to + x * toBytes, out, few * toBytes);
-  }
 }
 
 // Maps a row by what makes a vector of the pixels at a place.
@@ -105,23 +97,33 @@ template <class Tag, class Make>
 void mapRow(Tag tag, const uint8_t* from, size_t fromBytes, size_t count, uint8_t* to, size_t toBytes, bool streams,
             const Make& make) {
   using Lane = hn::TFromD<Tag>;
-  const auto few = [&](const uint8_t* in, uint8_t* out) { hn::StoreU(make(in), tag, reinterpret_cast<Lane*>(out)); };
+  constexpr size_t kVectorBytes = hn::MaxLanes(Tag()) * sizeof(Lane);
+  const size_t pixels = kVectorBytes / toBytes;
+  const auto few = [&](size_t first, size_t end) {
+    HWY_ALIGN uint8_t in[L::kCount * sizeof(float)] = {};
+    HWY_ALIGN uint8_t out[kVectorBytes];
+    for (size_t x = first; x < end; x += pixels) {
+      const size_t left = std::min(pixels, end - x);
+      std::memcpy(in, from + x * fromBytes, left * fromBytes);
+      hn::Store(make(in), tag, reinterpret_cast<Lane*>(out));
+      std::memcpy(to + x * toBytes, out, left * toBytes);
+    }
+  };
+  const auto place = [&](size_t x) { return reinterpret_cast<Lane*>(to + x * toBytes); };
   size_t x = 0;
   if (streams) {
-    x = pixelsToAlignment(to, toBytes, count);
-    onFew(from, fromBytes, x, to, toBytes, few);
-    for (; x + kPixels <= count; x += kPixels) {
-      hn::Stream(make(from + x * fromBytes), tag, reinterpret_cast<Lane*>(to + x * toBytes));
-    }
+    x = pixelsToAlignment(to, kVectorBytes, toBytes, count);
+    few(0, x);
+    for (; x + pixels <= count; x += pixels) hn::Stream(make(from + x * fromBytes), tag, place(x));
   } else {
-    for (; x + kPixels <= count; x += kPixels) few(from + x * fromBytes, to + x * toBytes);
+    for (; x + pixels <= count; x += pixels) hn::StoreU(make(from + x * fromBytes), tag, place(x));
   }
-  onFew(from + x * fromBytes, fromBytes, count - x, to + x * toBytes, toBytes, few);
+  few(x, count);
 }
 
-template <class Format>
-void readRowAs(const uint8_t* world, size_t count, float* copy, bool streams) {
-  mapRow(L::df, world, Format::kBytes, count, reinterpret_cast<uint8_t*>(copy), 4 * sizeof(float), streams,
+template <class Format, class Tag>
+void readRowAs(Tag tag, const uint8_t* world, size_t count, uint8_t* copy, size_t copyBytes, bool streams) {
+  mapRow(tag, world, Format::kBytes, count, copy, copyBytes, streams,
          [](const uint8_t* from) { return Format::load(from); });
 }
 
@@ -134,17 +136,19 @@ void writeRowAs(const float* result, float k, size_t count, uint8_t* world, bool
          });
 }
 
-void readFloatRowKernel(WorldFormat format, const uint8_t* world, size_t count, float* copy, bool streams) {
+void readRowKernel(WorldFormat format, const uint8_t* world, size_t count, uint8_t* copy, bool streams) {
+  constexpr size_t kBytes = 4 * sizeof(uint8_t), kFloats = 4 * sizeof(float);
   switch (format) {
-    case WorldFormat::Argb16:
-      return readRowAs<Argb16>(world, count, copy, streams);
-    case WorldFormat::ArgbFloat:
-      return readRowAs<ArgbFloat>(world, count, copy, streams);
-    case WorldFormat::BgraFloat:
-      return readRowAs<BgraFloat>(world, count, copy, streams);
     case WorldFormat::Argb8:
+      return readRowAs<Argb8>(kWords, world, count, copy, kBytes, streams);
+    case WorldFormat::Argb16:
+      return readRowAs<Argb16>(L::df, world, count, copy, kFloats, streams);
+    case WorldFormat::ArgbFloat:
+      return readRowAs<ArgbFloat>(L::df, world, count, copy, kFloats, streams);
     case WorldFormat::Bgra8:
-      break;  // bytes stay bytes
+      return readRowAs<Bgra8>(kWords, world, count, copy, kBytes, streams);
+    case WorldFormat::BgraFloat:
+      return readRowAs<BgraFloat>(L::df, world, count, copy, kFloats, streams);
   }
 }
 
@@ -169,7 +173,7 @@ HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
 namespace quiltor {
-HWY_EXPORT(readFloatRowKernel);
+HWY_EXPORT(readRowKernel);
 HWY_EXPORT(writeRowKernel);
 
 size_t bytesPerPixel(WorldFormat format) {
@@ -190,33 +194,9 @@ ChannelType channelType(WorldFormat format) {
   return bytesPerPixel(format) == 4 ? ChannelType::Byte : ChannelType::Float;
 }
 
-namespace {
-
-// Bytes in memory order A, R, G, B or B, G, R, A, seen as a little-endian word, to R, G, B, A.
-uint32_t fromArgb(uint32_t word) { return std::rotr(word, 8); }
-uint32_t fromBgra(uint32_t word) { return (word & 0xFF00FF00u) | (std::rotr(word, 16) & 0x00FF00FFu); }
-
-template <uint32_t (*kReorder)(uint32_t)>
-void reorderBytes(const uint8_t* world, size_t count, uint8_t* copy) {
-  for (size_t x = 0; x < count; ++x) {
-    uint32_t word;
-    std::memcpy(&word, world + 4 * x, sizeof word);
-    word = kReorder(word);
-    std::memcpy(copy + 4 * x, &word, sizeof word);
-  }
-}
-
-}  // namespace
-
 void readWorldRow(WorldFormat format, const void* world, size_t count, void* copy, bool streams) {
-  const uint8_t* bytes = static_cast<const uint8_t*>(world);
-  if (format == WorldFormat::Argb8) {
-    reorderBytes<fromArgb>(bytes, count, static_cast<uint8_t*>(copy));
-  } else if (format == WorldFormat::Bgra8) {
-    reorderBytes<fromBgra>(bytes, count, static_cast<uint8_t*>(copy));
-  } else {
-    HWY_DYNAMIC_DISPATCH(readFloatRowKernel)(format, bytes, count, static_cast<float*>(copy), streams);
-  }
+  HWY_DYNAMIC_DISPATCH(readRowKernel)
+  (format, static_cast<const uint8_t*>(world), count, static_cast<uint8_t*>(copy), streams);
 }
 
 void writeWorldRow(WorldFormat format, const float* result, float k, size_t count, void* world, bool streams) {
