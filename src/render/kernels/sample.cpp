@@ -30,15 +30,38 @@ struct RunPlaces {
   HWY_ALIGN float fx[kLength], fy[kLength];
 };
 
+// Places inside the pattern: the texel above and to the left, and how far beyond it the place is.
+struct Cell {
+  static constexpr hn::Rebind<int32_t, decltype(L::dd)> ints{};
+  using Ints = hn::Vec<decltype(ints)>;
+
+  HWY_INLINE explicit Cell(Place at) : place(at), left(hn::Floor(at.x)), upper(hn::Floor(at.y)) {
+    column = hn::DemoteTo(ints, left);
+    row = hn::DemoteTo(ints, upper);
+  }
+  HWY_INLINE bool inside(Ints width, Ints height) const {
+    const hn::RebindToUnsigned<decltype(ints)> counts;
+    const auto fits = [&](Ints number, Ints limit) { return hn::BitCast(counts, number) < hn::BitCast(counts, limit); };
+    return hn::AllTrue(counts, hn::And(fits(column, width), fits(row, height)));
+  }
+
+  Place place;
+  V left, upper;
+  Ints column, row;
+};
+
 template <TileMode kMode, bool kPlain, bool kNear>
-void findPlaces(const PatternPixels& pattern, const RowPlaces& places, double first, size_t count, RunPlaces& out) {
-  constexpr hn::Rebind<int32_t, decltype(L::dd)> ints{};
+void findPlaces(const PatternPixels& pattern, const RowPlaces& row, double first, size_t count, RunPlaces& out) {
+  constexpr auto ints = Cell::ints;
   constexpr hn::Rebind<float, decltype(L::dd)> floats{};
   constexpr TileMode kFold = kMode == TileMode::Mirrored ? TileMode::Mirrored : TileMode::Tiled;
+  constexpr bool kAttempts = kNear && kMode != TileMode::Single;
+  const RowPlaces places = row;  // nothing that is stored below can change a copy, so it stays in registers
   const Fold<kFold, kNear> foldX(pattern.width), foldY(pattern.height);
   const V width = number(pattern.width), height = number(pattern.height);
-  const auto pitch = hn::Set(ints, pattern.width), lastPair = hn::Set(ints, pattern.width - 2),
-             lastRow = hn::Set(ints, pattern.height - 1);
+  const auto columns = hn::Set(ints, pattern.width), rows = hn::Set(ints, pattern.height),
+             lastPair = hn::Set(ints, pattern.width - 2), lastRow = hn::Set(ints, pattern.height - 1);
+  const auto foldBoth = [&](Place place) { return Place{foldX(place.x), foldY(place.y)}; };
   V x = hn::Iota(L::dd, 0.0) + number(first);
   for (size_t i = 0; i < count; i += kPlaces, x = x + number(kPlaces)) {
     Place place = places.at<kPlain>(x);
@@ -49,18 +72,17 @@ void findPlaces(const PatternPixels& pattern, const RowPlaces& places, double fi
       place.x = hn::IfThenElseZero(inside, place.x);
       place.y = hn::IfThenElseZero(inside, place.y);
       hn::Store(hn::DemoteTo(ints, hn::IfThenZeroElse(inside, number(1))), ints, out.outside + i);
-    } else {
-      place.x = foldX(place.x);
-      place.y = foldY(place.y);
+    } else if constexpr (!kAttempts) {
+      place = foldBoth(place);
     }
-    const V left = hn::Floor(place.x), upper = hn::Floor(place.y);
-    hn::Store(hn::DemoteTo(floats, place.x - left), floats, out.fx + i);
-    hn::Store(hn::DemoteTo(floats, place.y - upper), floats, out.fy + i);
-    const auto column = hn::DemoteTo(ints, left), row = hn::DemoteTo(ints, upper);
-    const auto pair = hn::Min(column, lastPair), below = hn::Min(row + hn::Set(ints, 1), lastRow);
-    hn::Store(row * pitch + pair, ints, out.upper + i);
-    hn::Store(below * pitch + pair, ints, out.lower + i);
-    hn::Store(column - pair, ints, out.atEnd + i);
+    Cell cell(kAttempts ? Place{foldX.attempt(place.x), foldY.attempt(place.y)} : place);
+    if (kAttempts && HWY_UNLIKELY(!cell.inside(columns, rows))) cell = Cell(foldBoth(place));
+    hn::Store(hn::DemoteTo(floats, cell.place.x - cell.left), floats, out.fx + i);
+    hn::Store(hn::DemoteTo(floats, cell.place.y - cell.upper), floats, out.fy + i);
+    const auto pair = hn::Min(cell.column, lastPair), below = hn::Min(cell.row + hn::Set(ints, 1), lastRow);
+    hn::Store(cell.row * columns + pair, ints, out.upper + i);
+    hn::Store(below * columns + pair, ints, out.lower + i);
+    hn::Store(cell.column - pair, ints, out.atEnd + i);
   }
 }
 
@@ -76,16 +98,25 @@ class BytePairs {
   explicit BytePairs(const PatternPixels& pattern) : bytes_(static_cast<const uint8_t*>(pattern.data)) {}
 
   void fetch(const RunPlaces& at, size_t count) {
-    for (size_t i = 0; i < count; ++i) {
-      std::memcpy(upper_ + 2 * i, bytes_ + ptrdiff_t{4} * at.upper[i], 2 * sizeof(int32_t));
-      std::memcpy(lower_ + 2 * i, bytes_ + ptrdiff_t{4} * at.lower[i], 2 * sizeof(int32_t));
+    constexpr size_t kAtOnce = 4;  // so many pixels are in any vector
+    for (size_t i = 0; i < count; i += kAtOnce) {
+      Pair upper[kAtOnce], lower[kAtOnce];
+      for (size_t k = 0; k < kAtOnce; ++k) {
+        upper[k] = pair(at.upper[i + k]);
+        lower[k] = pair(at.lower[i + k]);
+      }
+      for (size_t k = 0; k < kAtOnce; ++k) {
+        hn::StoreU(upper[k], kPair, upper_ + i + k);
+        hn::StoreU(lower[k], kPair, lower_ + i + k);
+      }
+      HWY_FENCE;  // a compiler that makes vectors of the indices takes them apart again for the loads
     }
   }
 
   HWY_INLINE PixelLanes pixels(const RunPlaces& at, size_t i) const {
     L::I upperLeft, upperRight, lowerLeft, lowerRight;
-    hn::LoadInterleaved2(L::di, upper_ + 2 * i, upperLeft, upperRight);
-    hn::LoadInterleaved2(L::di, lower_ + 2 * i, lowerLeft, lowerRight);
+    hn::LoadInterleaved2(L::di, reinterpret_cast<const int32_t*>(upper_ + i), upperLeft, upperRight);
+    hn::LoadInterleaved2(L::di, reinterpret_cast<const int32_t*>(lower_ + i), lowerLeft, lowerRight);
     const auto atEnd = hn::Load(L::di, at.atEnd + i) > L::i(0);
     upperLeft = L::select(atEnd, upperRight, upperLeft);
     lowerLeft = L::select(atEnd, lowerRight, lowerLeft);
@@ -98,7 +129,15 @@ class BytePairs {
 
  protected:
   const uint8_t* bytes_;
-  HWY_ALIGN int32_t upper_[2 * kLength], lower_[2 * kLength];
+  HWY_ALIGN uint64_t upper_[kLength], lower_[kLength];
+
+ private:
+  static constexpr hn::FixedTag<uint64_t, 1> kPair{};
+  using Pair = hn::Vec<decltype(kPair)>;
+
+  HWY_INLINE Pair pair(int32_t left) const {
+    return hn::LoadU(kPair, reinterpret_cast<const uint64_t*>(bytes_ + ptrdiff_t{4} * left));
+  }
 };
 
 // All other byte pictures; alpha is 1 unless there are four bytes a pixel.
@@ -109,10 +148,8 @@ class ByteTexels : public BytePairs {
 
   void fetch(const RunPlaces& at, size_t count) {
     for (size_t i = 0; i < count; ++i) {
-      upper_[2 * i] = texel(at.upper[i] + at.atEnd[i]);
-      upper_[2 * i + 1] = texel(at.upper[i] + 1);
-      lower_[2 * i] = texel(at.lower[i] + at.atEnd[i]);
-      lower_[2 * i + 1] = texel(at.lower[i] + 1);
+      upper_[i] = texel(at.upper[i] + at.atEnd[i]) | uint64_t{texel(at.upper[i] + 1)} << 32;
+      lower_[i] = texel(at.lower[i] + at.atEnd[i]) | uint64_t{texel(at.lower[i] + 1)} << 32;
     }
   }
 
@@ -123,12 +160,12 @@ class ByteTexels : public BytePairs {
   }
 
  private:
-  HWY_INLINE int32_t texel(int32_t index) const {
+  HWY_INLINE uint32_t texel(int32_t index) const {
     const size_t offset = static_cast<size_t>(index) * static_cast<size_t>(stride_);
     const size_t word = std::min(offset, lastWord_);
     uint32_t value;
     std::memcpy(&value, bytes_ + word, sizeof value);
-    return static_cast<int32_t>(value >> (8 * (offset - word)));
+    return value >> (8 * (offset - word));
   }
 
   size_t lastWord_;

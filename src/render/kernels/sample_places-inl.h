@@ -64,6 +64,14 @@ struct Fold {
     return hn::Load(Lanes::dd, lanes);
   }
 
+  // The same for near coordinates, or something outside of the pattern where that takes corrections.
+  HWY_INLINE V attempt(V x) const {
+    if constexpr (kMode == TileMode::Tiled) return hn::NegMulAdd(hn::Floor(x * number(inverse)), number(size), x);
+    const V distance = hn::Abs(x), period = number(2 * size);
+    const V rest = hn::NegMulAdd(hn::Floor(distance * number(inverse)), period, distance);
+    return hn::Min(rest, period - rest);
+  }
+
   double size, inverse;
   int32_t whole;
 };
@@ -112,7 +120,7 @@ class RowPlaces {
   }
 
  private:
-  const SampleTransform& t_;
+  SampleTransform t_;
   double py_;
   double halfX_, halfY_;
   bool plain_;
