@@ -61,18 +61,23 @@ struct PixelLanes {
 };
 
 // Four bytes a pixel, in memory order R, G, B, A, as fractions of 255.
-HWY_INLINE Lanes::F lowByte(Lanes::I words) {
-  return hn::ConvertTo(Lanes::df, hn::And(words, Lanes::i(0xFF))) * Lanes::f(kByteStep);
+template <size_t kByte>
+HWY_INLINE Lanes::F byteOf(Lanes::I packed) {
+  const hn::Repartition<uint8_t, decltype(Lanes::di)> bytes;
+  constexpr uint8_t k = kByte, kNone = 0x80;
+  alignas(16) static constexpr uint8_t kPlaces[16] = {k,     kNone, kNone, kNone, k + 4,  kNone, kNone, kNone,
+                                                      k + 8, kNone, kNone, kNone, k + 12, kNone, kNone, kNone};
+  const auto found = hn::TableLookupBytesOr0(hn::BitCast(bytes, packed), hn::LoadDup128(bytes, kPlaces));
+  return hn::ConvertTo(Lanes::df, hn::BitCast(Lanes::di, found)) * Lanes::f(kByteStep);
 }
 
-HWY_INLINE Lanes::F highByte(Lanes::I words) {
-  const hn::RebindToUnsigned<decltype(Lanes::di)> du;
-  const auto shifted = hn::BitCast(Lanes::di, hn::ShiftRight<24>(hn::BitCast(du, words)));
-  return hn::ConvertTo(Lanes::df, shifted) * Lanes::f(kByteStep);
+template <>
+HWY_INLINE Lanes::F byteOf<0>(Lanes::I packed) {
+  return hn::ConvertTo(Lanes::df, hn::And(packed, Lanes::i(0xFF))) * Lanes::f(kByteStep);
 }
 
 HWY_INLINE PixelLanes fromBytes(Lanes::I packed) {
-  return {lowByte(packed), lowByte(hn::ShiftRight<8>(packed)), lowByte(hn::ShiftRight<16>(packed)), highByte(packed)};
+  return {byteOf<0>(packed), byteOf<1>(packed), byteOf<2>(packed), byteOf<3>(packed)};
 }
 
 HWY_INLINE PixelLanes loadBytes(const uint8_t* pixels) {
@@ -80,6 +85,40 @@ HWY_INLINE PixelLanes loadBytes(const uint8_t* pixels) {
   return fromBytes(hn::BitCast(Lanes::di, hn::LoadU(bytes, pixels)));
 }
 
+#if HWY_TARGET == HWY_AVX3
+// Eight shuffles that take lanes from anywhere in two vectors; the library's way takes sixteen that do not.
+HWY_INLINE PixelLanes loadFloats(const float* pixels) {
+  constexpr auto d = Lanes::df;
+  struct Halves {
+    Lanes::F redBlue, greenAlpha;
+  };
+  const auto pixelsFrom = [&](const float* first) {
+    const Lanes::F low = hn::LoadU(d, first), high = hn::LoadU(d, first + Lanes::kCount);
+    return Halves{hn::ConcatEven(d, high, low), hn::ConcatOdd(d, high, low)};
+  };
+  const Halves low = pixelsFrom(pixels), high = pixelsFrom(pixels + 2 * Lanes::kCount);
+  return {hn::ConcatEven(d, high.redBlue, low.redBlue), hn::ConcatEven(d, high.greenAlpha, low.greenAlpha),
+          hn::ConcatOdd(d, high.redBlue, low.redBlue), hn::ConcatOdd(d, high.greenAlpha, low.greenAlpha)};
+}
+
+// The first or second half of the lanes of both in turn, in groups of one or two.
+template <int kGroup, int kHalf>
+HWY_INLINE Lanes::F interleave(Lanes::F even, Lanes::F odd) {
+  alignas(64) static constexpr int32_t kPlaces[2][16] = {{0, 16, 1, 17, 2, 18, 3, 19, 4, 20, 5, 21, 6, 22, 7, 23},
+                                                         {0, 1, 16, 17, 2, 3, 18, 19, 4, 5, 20, 21, 6, 7, 22, 23}};
+  const Lanes::I places = hn::Load(Lanes::di, kPlaces[kGroup - 1]) + Lanes::i(8 * kHalf);
+  return Lanes::F{_mm512_permutex2var_ps(even.raw, places.raw, odd.raw)};
+}
+
+HWY_INLINE void storeFloats(const PixelLanes& pixels, float* out) {
+  const Lanes::F redGreen = interleave<1, 0>(pixels.r, pixels.g), blueAlpha = interleave<1, 0>(pixels.b, pixels.a);
+  hn::StoreU(interleave<2, 0>(redGreen, blueAlpha), Lanes::df, out);
+  hn::StoreU(interleave<2, 1>(redGreen, blueAlpha), Lanes::df, out + Lanes::kCount);
+  const Lanes::F redGreen2 = interleave<1, 1>(pixels.r, pixels.g), blueAlpha2 = interleave<1, 1>(pixels.b, pixels.a);
+  hn::StoreU(interleave<2, 0>(redGreen2, blueAlpha2), Lanes::df, out + 2 * Lanes::kCount);
+  hn::StoreU(interleave<2, 1>(redGreen2, blueAlpha2), Lanes::df, out + 3 * Lanes::kCount);
+}
+#else
 HWY_INLINE PixelLanes loadFloats(const float* pixels) {
   PixelLanes out;
   hn::LoadInterleaved4(Lanes::df, pixels, out.r, out.g, out.b, out.a);
@@ -89,6 +128,7 @@ HWY_INLINE PixelLanes loadFloats(const float* pixels) {
 HWY_INLINE void storeFloats(const PixelLanes& pixels, float* out) {
   hn::StoreInterleaved4(pixels.r, pixels.g, pixels.b, pixels.a, Lanes::df, out);
 }
+#endif
 
 HWY_INLINE PixelLanes loadRun(const PixelRun& run, size_t at) {
   return {hn::Load(Lanes::df, run.r + at), hn::Load(Lanes::df, run.g + at), hn::Load(Lanes::df, run.b + at),
