@@ -4,6 +4,8 @@
 #include <new>
 #include <vector>
 
+#include "standalone/host/services/large_memory.h"
+
 namespace quiltor::standalone {
 
 // Memory that starts on a cache line.
@@ -15,8 +17,14 @@ struct CacheLineAllocator {
   CacheLineAllocator() = default;
   template <class U>
   explicit CacheLineAllocator(const CacheLineAllocator<U>&) {}
-  T* allocate(std::size_t count) { return static_cast<T*>(::operator new(count * sizeof(T), kAlignment)); }
-  void deallocate(T* memory, std::size_t) { ::operator delete(memory, kAlignment); }
+  T* allocate(std::size_t count) {
+    const std::size_t bytes = count * sizeof(T);
+    return static_cast<T*>(bytes < kLargeMemory ? ::operator new(bytes, kAlignment) : allocateLargeMemory(bytes));
+  }
+  void deallocate(T* memory, std::size_t count) {
+    if (count * sizeof(T) < kLargeMemory) return ::operator delete(memory, kAlignment);
+    freeLargeMemory(memory);
+  }
   bool operator==(const CacheLineAllocator&) const { return true; }
 };
 

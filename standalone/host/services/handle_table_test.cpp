@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+
 #include <limits>
 
 namespace quiltor::standalone {
@@ -57,6 +59,17 @@ TEST_F(HandleTableTest, AHandleOfNoBytesIsLegal) {
 TEST_F(HandleTableTest, AWriteBeforeTheDataIsFoundAtTheDisposal) {
   const PF_Handle handle = handles.make(8);
   static_cast<unsigned char*>(*handle)[-1] ^= 1;
+  handles.dispose(handle);
+  EXPECT_TRUE(findings.has(FindingKind::HandleOverrun));
+}
+
+TEST_F(HandleTableTest, GuardsLargeMemoryAndStartsItOnACacheLine) {
+  const PF_Handle handle = handles.make(kLargeMemory + 1);
+  ASSERT_NE(handle, nullptr);
+  auto* const data = static_cast<unsigned char*>(*handle);
+  EXPECT_EQ(reinterpret_cast<std::uintptr_t>(data) % 64, 0U);
+  EXPECT_NE(data[kLargeMemory], 0);
+  data[kLargeMemory + 1] ^= 1;
   handles.dispose(handle);
   EXPECT_TRUE(findings.has(FindingKind::HandleOverrun));
 }
