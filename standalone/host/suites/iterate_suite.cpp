@@ -2,8 +2,8 @@
 #include <atomic>
 #include <string>
 #include <thread>
-#include <vector>
 
+#include "platform/shared_work.h"
 #include "standalone/host/services/host_state.h"
 #include "standalone/host/suites/suite_table.h"
 #include "standalone/host/suites/suite_tables.h"
@@ -19,34 +19,29 @@ class Iteration {
   Iteration(A_long count, void* refcon, Worker worker) : count_(count), refcon_(refcon), worker_(worker) {}
 
   PF_Err run(int threads) {
-    CallScope* call = currentCall();
-    {
-      std::vector<std::jthread> helpers;
-      for (int index = 1; index < threads; ++index) {
-        helpers.emplace_back([this, call, index] {
-          const EnterCall enter(call, index);
-          work(index, take());
-        });
-      }
-      const EnterCall enter(call, 0);
-      work(0, 0);
-    }
+    shareWork(threads - 1, &Iteration::takePart, this);
     return error_;
   }
 
  private:
-  A_long take() { return next_.fetch_add(1); }
+  static void takePart(void* iteration) noexcept { static_cast<Iteration*>(iteration)->takePart(); }
 
-  void work(int index, A_long first) {
-    for (A_long i = first; i < count_ && error_ == PF_Err_NONE; i = take()) {
+  void takePart() noexcept {
+    const bool isCaller = std::this_thread::get_id() == caller_;
+    const int index = isCaller ? 0 : nextIndex_++;
+    const EnterCall enter(call_, index);
+    for (A_long i = isCaller ? 0 : next_++; i < count_ && error_ == PF_Err_NONE; i = next_++) {
       PF_Err none = PF_Err_NONE;
       if (const PF_Err code = worker_(refcon_, index, i, count_)) error_.compare_exchange_strong(none, code);
     }
   }
 
-  A_long count_;
-  void* refcon_;
-  Worker worker_;
+  const A_long count_;
+  void* const refcon_;
+  const Worker worker_;
+  const std::thread::id caller_ = std::this_thread::get_id();
+  CallScope* const call_ = currentCall();
+  std::atomic<int> nextIndex_ = 1;
   std::atomic<A_long> next_ = 1;
   std::atomic<PF_Err> error_ = PF_Err_NONE;
 };
