@@ -147,6 +147,12 @@ World::World(const World& other) : World(other.format_, other.width(), other.hei
   for (int y = 0; y < height() && bytes > 0; ++y) std::memcpy(row(y), other.row(y), bytes);
 }
 
+World::World(World&& other) noexcept
+    : format_(other.format_),
+      rows_(other.rows_),
+      memory_(std::move(other.memory_)),
+      record_(std::exchange(other.record_, {})) {}
+
 World& World::operator=(World other) noexcept {
   std::swap(format_, other.format_);
   std::swap(rows_, other.rows_);

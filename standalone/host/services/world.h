@@ -35,13 +35,14 @@ struct RowLayout {
 };
 
 // Pixels of ours with the host's record over them. Rows of guard bytes lie before and after the pixels, and the
-// padding of every row is guarded too. Copying copies the pixels into new memory.
+// padding of every row is guarded too. Copying copies the pixels into new memory; what was moved from has none and the
+// size 0.
 class World {
  public:
   // Fresh pixels hold a pattern, not zero. Sizes of 0 are legal: such a world has no data.
   World(WorldFormat format, int width, int height, RowLayout rows = {});
   World(const World& other);
-  World(World&& other) noexcept = default;
+  World(World&& other) noexcept;
   World& operator=(World other) noexcept;
 
   [[nodiscard]] WorldFormat format() const { return format_; }

@@ -4,6 +4,8 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
+#include <vector>
 
 namespace quiltor::standalone {
 namespace {
@@ -70,6 +72,16 @@ TEST(World, SetsAndCopiesRowsOfEightBitsAsItDoesPixels) {
     EXPECT_EQ(rows.packed(), pixels.packed());
     EXPECT_EQ(rows.damage(), std::nullopt);
   }
+}
+
+TEST(World, ThatWasMovedFromHasNoPixels) {
+  World first(WorldFormat::Argb8, 3, 2);
+  const World second = std::move(first);
+  EXPECT_EQ(second.width(), 3);
+  EXPECT_EQ(first.width(), 0);  // NOLINT(bugprone-use-after-move): what is left of it is meant
+  EXPECT_EQ(first.height(), 0);
+  EXPECT_EQ(first.record().data, nullptr);
+  EXPECT_EQ(first.packed(), std::vector<unsigned char>());
 }
 
 TEST(World, HasNegativeRowBytesWhenItIsBottomUp) {
