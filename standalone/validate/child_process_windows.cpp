@@ -68,7 +68,7 @@ ProcessEnd runProcess(const std::filesystem::path& program, const std::vector<st
   start.hStdOutput = start.hStdError = nowhere.get();
   PROCESS_INFORMATION made{};
   // No window tells of a crash: the mode is handed down.
-  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
+  SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
   if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &made)) {
     fail("cannot run " + utf8FromPath(program));
   }

@@ -26,7 +26,7 @@ std::string reason(DWORD error, const std::filesystem::path& path) {
 
 void* loadLibrary(const std::filesystem::path& path, std::string& problem) {
   // Without a folder the loader would search its own. No window asks the user about a broken file.
-  SetErrorMode(SEM_FAILCRITICALERRORS);
+  SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS);
   const HMODULE library = LoadLibraryW(std::filesystem::absolute(path).make_preferred().c_str());
   if (!library) problem = reason(GetLastError(), path);
   return library;
