@@ -91,9 +91,7 @@ int32_t encode(const std::string& path, const PatternImage& image, AfterEncoderE
     if (afterError == AfterEncoderError::Close) std::fclose(file);
     return kWriteFailed;
   }
-  // What the C library kept back is written now. Not every one says when it closes the file that this failed.
-  const bool isWritten = std::fflush(file) == 0;
-  return std::fclose(file) == 0 && isWritten ? 0 : kWriteFailed;
+  return closeWritten(file) ? 0 : kWriteFailed;
 }
 
 }  // namespace

@@ -17,6 +17,13 @@ bool appendLine(const std::string& path, std::string&& line) noexcept;
 // How many bytes an open file holds; 0 when the system cannot tell. Leaves the position alone. Never throws.
 int64_t fileSize(std::FILE* file);
 
+// Closes a file that was written. False when not all of it arrived, whatever the C library says: not every one tells,
+// when it closes a file, that the bytes that it kept back found no room. Never throws.
+inline bool closeWritten(std::FILE* file) noexcept {
+  const bool isWritten = std::fflush(file) == 0;
+  return std::fclose(file) == 0 && isWritten;
+}
+
 // Gives a file another name in one step: whoever opens that name meets the file that had it before or the whole new
 // one. Where a file that is open cannot be replaced, waits a moment for its end. False when the system refuses. Never
 // throws.

@@ -41,7 +41,7 @@ class NewFiles {
     if (!file) return false;
     unfinished_.push_back(path);
     const bool written = std::fwrite(text.data(), 1, text.size(), file) == text.size();
-    return std::fclose(file) == 0 && written;
+    return closeWritten(file) && written;
   }
 
   bool finish() {

@@ -8,6 +8,7 @@
 
 #include "library/data_folders.h"
 #include "library/files/read_text.h"
+#include "platform/testing/small_disk.h"
 
 namespace quiltor::standalone {
 namespace {
@@ -73,6 +74,26 @@ TEST_F(LibraryFilesTest, ThatCannotBothBeWrittenStayAsTheyWere) {
   EXPECT_EQ(readWholeFile(data_.user("config.txt")), "old");
   EXPECT_FALSE(fs::exists(data_.user("config.txt.part")));
   EXPECT_FALSE(fs::exists(data_.user("libpaths.txt")));
+}
+
+TEST_F(LibraryFilesTest, StayAsTheyWereOnAFullDisk) {
+  for (const char* file : {"config.txt", "libpaths.txt"}) writeText(data_.user(file), "old");
+  // The first leaves no room for the settings; the second has room for them, and not for the list after them.
+  libraries_.resize(20, libraries_[0]);
+  const size_t settingsSize = settingsText(settings_).size();
+  ASSERT_GT(listText(libraries_).size(), settingsSize);
+  for (const size_t room : {size_t{0}, settingsSize}) {
+    {
+      const SmallDisk disk(static_cast<int64_t>(room));
+      EXPECT_THROW(save(true), SaveError) << room;
+    }
+    for (const char* file : {"config.txt", "libpaths.txt"}) {
+      EXPECT_EQ(readWholeFile(data_.user(file)), "old") << room;
+      for (const std::string& path : {data_.user(file), data_.all(file)}) EXPECT_FALSE(fs::exists(path + ".part"));
+    }
+  }
+  save(false);
+  EXPECT_EQ(readWholeFile(data_.user("config.txt")), settingsText(settings_));
 }
 
 TEST_F(LibraryFilesTest, StayWhereBothDataFoldersAreTheSame) {

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "host/entry/effect_identity.h"
+#include "platform/file.h"
 
 namespace quiltor {
 namespace {
@@ -62,5 +63,5 @@ int main(int argc, char** argv) {
   if (!file) return 1;
   const std::string bytes = quiltor::resource();
   const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-  return std::fclose(file) == 0 && written ? 0 : 1;
+  return quiltor::closeWritten(file) && written ? 0 : 1;
 }

@@ -9,6 +9,7 @@ if(CMAKE_CROSSCOMPILING)
     COMMAND "${QUILTOR_BUILD_CXX}" -std=c++20 -I "${PROJECT_SOURCE_DIR}" -I "${PROJECT_SOURCE_DIR}/src" -o
             "${pipl_writer}" "${CMAKE_CURRENT_SOURCE_DIR}/make_pipl.cpp"
     DEPENDS make_pipl.cpp effect_identity.h "${PROJECT_SOURCE_DIR}/hostapi/effect.h"
+            "${PROJECT_SOURCE_DIR}/src/platform/file.h"
     VERBATIM)
 else()
   add_executable(make_pipl make_pipl.cpp)
