@@ -1,5 +1,6 @@
 # Declares the project's modules and keeps them apart: a module includes its own files and those of the modules that it
-# names after USES, and links nothing else. The recorded edges are held against every #include by a test.
+# names after USES, its tests those after TEST_USES too, and links nothing else. The recorded edges are held against
+# every #include by a test.
 include(GoogleTest)
 
 option(QUILTOR_WERROR "Treat warnings as errors" OFF)
@@ -44,9 +45,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 #
 # Makes the static library quiltor_render_kernels (an interface library without SOURCES) and, with TESTS, the program
 # render_kernels_test, which links the module and nothing above it. TEST_LIBRARIES are linked to that program only.
-# TEST_USES
-# are modules that the tests use and the module itself does not. No other test runs beside those that the patterns after
-# ALONE name.
+# TEST_USES are modules that the tests use and the module itself does not. No other test runs beside those that the
+# patterns after ALONE name.
 # Sources and tests whose names end in _posix, _posix_test and so on are for that system only.
 function(quiltor_module name)
   cmake_parse_arguments(arg "" "" "USES;LIBRARIES;SOURCES;TESTS;TEST_USES;TEST_LIBRARIES;ALONE" ${ARGN})
@@ -92,7 +92,7 @@ function(quiltor_module name)
   file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}" "${CMAKE_CURRENT_SOURCE_DIR}")
   list(JOIN arg_USES " " uses)
   list(JOIN arg_TEST_USES " " test_uses)
-  set_property(GLOBAL APPEND PROPERTY QUILTOR_LAYERS "${folder} ${name} ${uses} ${test_uses}")
+  set_property(GLOBAL APPEND PROPERTY QUILTOR_LAYERS "${folder} ${name} ${uses} | ${test_uses}")
 endfunction()
 
 # Writes down the programs that windows/run_tests.sh runs or compares, and which of their tests run alone.
