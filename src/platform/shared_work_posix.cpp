@@ -1,50 +1,133 @@
 #include <pthread.h>
+#include <unistd.h>
 
 #include <array>
+#include <condition_variable>
 #include <cstddef>
+#include <mutex>
+#include <new>
 
 #include "platform/shared_work.h"
 
 namespace quiltor {
 namespace {
 
-// The system keeps small stacks of ended threads for the next ones, while stacks of the usual size are mapped and given
-// back each time.
-const pthread_attr_t* smallStack() {
-  static const struct Attributes {
-    Attributes() {
-      usable = pthread_attr_init(&value) == 0 && pthread_attr_setstacksize(&value, kHelperStackBytes) == 0;
-    }
-    pthread_attr_t value;
-    bool usable;
-  } attributes;
-  return attributes.usable ? &attributes.value : nullptr;
-}
-
+// In the list of all, as long as helpers may begin with it.
 struct Work {
   void (*run)(void*) noexcept;
   void* argument;
-
-  static void* start(void* self) {
-    const auto& work = *static_cast<const Work*>(self);
-    work.run(work.argument);
-    return nullptr;
-  }
+  int places;  // helpers that may still begin
+  int running = 0;
+  Work* next = nullptr;
 };
 
-constexpr int kMost = 64;
+// Threads that outlive their work: to start 32 new ones takes longer than a small frame. They end with the module.
+class Helpers {
+ public:
+  static Helpers& all();
+
+  // Whether this process is the one that has the threads; a fork of it does not.
+  bool areHere() const { return getpid() == process_; }
+
+  void offer(Work& work) {
+    {
+      const std::lock_guard lock(mutex_);
+      while (started_ < threads_.size() && started_ < static_cast<std::size_t>(work.places) && start()) {
+      }
+      work.next = offered_;
+      offered_ = &work;
+    }
+    offers_.notify_one();
+  }
+
+  // Who has not begun by now finds nothing left, and is not waited for.
+  void finish(Work& work) {
+    std::unique_lock lock(mutex_);
+    Work** place = &offered_;
+    while (*place != &work) place = &(*place)->next;
+    *place = work.next;
+    ends_.wait(lock, [&] { return work.running == 0; });
+  }
+
+  void end() {
+    {
+      const std::lock_guard lock(mutex_);
+      ending_ = true;
+    }
+    offers_.notify_all();
+    for (std::size_t i = 0; i < started_; ++i) pthread_join(threads_[i], nullptr);
+  }
+
+ private:
+  bool start() {
+    pthread_attr_t attributes;
+    if (pthread_attr_init(&attributes) != 0) return false;
+    pthread_attr_setstacksize(&attributes, kHelperStackBytes);
+    const bool isStarted = pthread_create(&threads_[started_], &attributes, &Helpers::help, this) == 0;
+    pthread_attr_destroy(&attributes);
+    if (isStarted) ++started_;
+    return isStarted;
+  }
+
+  Work* firstOffer() const {
+    Work* work = offered_;
+    while (work && work->places == 0) work = work->next;
+    return work;
+  }
+
+  static void* help(void* self) {
+    static_cast<Helpers*>(self)->help();
+    return nullptr;
+  }
+
+  // Each wakes the next, so that no more come than there are processors by the time all is done.
+  void help() {
+    std::unique_lock lock(mutex_);
+    for (;;) {
+      offers_.wait(lock, [this] { return ending_ || firstOffer(); });
+      if (ending_) return;
+      Work& work = *firstOffer();
+      --work.places;
+      ++work.running;
+      const bool wakesAnother = firstOffer() != nullptr;
+      lock.unlock();
+      if (wakesAnother) offers_.notify_one();
+      work.run(work.argument);
+      lock.lock();
+      if (--work.running == 0) ends_.notify_all();
+    }
+  }
+
+  const pid_t process_ = getpid();
+  std::mutex mutex_;
+  std::condition_variable offers_, ends_;
+  Work* offered_ = nullptr;
+  bool ending_ = false;
+  std::array<pthread_t, 64> threads_{};
+  std::size_t started_ = 0;
+};
+
+// Deliberate: never destroyed, because a fork that destroyed it would wait for threads that it does not have.
+Helpers& Helpers::all() {
+  alignas(Helpers) static std::byte memory[sizeof(Helpers)];
+  static Helpers& helpers = *new (memory) Helpers;
+  static const struct End {
+    ~End() {
+      if (helpers.areHere()) helpers.end();
+    }
+  } atTheModulesEnd;
+  return helpers;
+}
 
 }  // namespace
 
 void shareWork(int helpers, void (*work)(void*) noexcept, void* argument) {
-  Work shared{work, argument};
-  std::array<pthread_t, kMost> threads;
-  std::size_t started = 0;
-  for (int i = 0; i < helpers && started < threads.size(); ++i) {
-    if (pthread_create(&threads[started], smallStack(), &Work::start, &shared) == 0) ++started;
-  }
+  Helpers& all = Helpers::all();
+  if (helpers < 1 || !all.areHere()) return work(argument);
+  Work shared{work, argument, helpers};
+  all.offer(shared);
   work(argument);
-  for (std::size_t i = 0; i < started; ++i) pthread_join(threads[i], nullptr);
+  all.finish(shared);
 }
 
 }  // namespace quiltor

@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <mutex>
 #include <set>
 #include <thread>
+#include <vector>
 
 namespace quiltor {
 namespace {
@@ -42,6 +44,22 @@ TEST(SharedWork, HasEndedEverywhereWhenItReturns) {
     shareWork(8, &Visits::visit, &visits);
     EXPECT_EQ(visits.begun, visits.ended);
   }
+}
+
+TEST(SharedWork, HelpsSeveralCallersAtOnce) {
+  std::array<Visits, 4> visits;
+  {
+    std::vector<std::jthread> callers;
+    for (Visits& mine : visits) {
+      callers.emplace_back([&mine] {
+        for (int i = 0; i < 5; ++i) {
+          shareWork(8, &Visits::visit, &mine);
+          EXPECT_EQ(mine.begun, mine.ended);
+        }
+      });
+    }
+  }
+  for (const Visits& mine : visits) EXPECT_GE(mine.begun, 5);
 }
 
 TEST(SharedWork, WithoutHelpersIsTheCallersOwn) {

@@ -1,0 +1,35 @@
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cstdlib>
+
+#include "platform/shared_work.h"
+
+namespace quiltor {
+namespace {
+
+void countVisit(void* visits) noexcept { ++*static_cast<std::atomic<int>*>(visits); }
+
+// How often work is done that is offered to 8 helpers.
+int visitsBeside8() {
+  std::atomic<int> visits = 0;
+  shareWork(8, &countVisit, &visits);
+  return visits;
+}
+
+TEST(LinuxSharedWork, IsDoneByTheCallerAloneInAForkWhichHasNoHelpers) {
+  EXPECT_GE(visitsBeside8(), 1);
+  const pid_t fork = ::fork();
+  if (fork == 0) {
+    alarm(10);
+    std::exit(visitsBeside8() == 1 ? 0 : 1);
+  }
+  int status = -1;
+  EXPECT_EQ(waitpid(fork, &status, 0), fork);
+  EXPECT_EQ(status, 0);
+}
+
+}  // namespace
+}  // namespace quiltor
