@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/utf8_path.h"
+#include "platform/system_message.h"
 #include "standalone/host/picture_codec.h"
 
 namespace quiltor::standalone {
@@ -93,7 +94,7 @@ class PendingFile {
   void commit() {
     std::error_code error;
     std::filesystem::rename(path_, target_, error);
-    if (error) throw PictureError("cannot write " + utf8FromPath(target_) + ": " + error.message());
+    if (error) throw PictureError("cannot write " + utf8FromPath(target_) + ": " + systemMessage(error, target_));
     committed_ = true;
   }
 

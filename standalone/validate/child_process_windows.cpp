@@ -2,16 +2,19 @@
 
 #include <array>
 #include <sstream>
+#include <stdexcept>
 #include <system_error>
 
 #include "base/utf8_path.h"
+#include "platform/system_message.h"
 #include "standalone/validate/child_process.h"
 
 namespace quiltor::standalone {
 namespace {
 
-[[noreturn]] void fail(const std::string& what) {
-  throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), what);
+[[noreturn]] void fail(const std::string& what, const std::filesystem::path& file) {
+  const std::error_code error(static_cast<int>(GetLastError()), std::system_category());
+  throw std::runtime_error(what + ": " + systemMessage(error, file));
 }
 
 class Handle {
@@ -70,7 +73,7 @@ ProcessEnd runProcess(const std::filesystem::path& program, const std::vector<st
   // No window tells of a crash: the mode is handed down.
   SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX);
   if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &made)) {
-    fail("cannot run " + utf8FromPath(program));
+    fail("cannot run " + utf8FromPath(program), program);
   }
   const Handle process(made.hProcess), thread(made.hThread);
   if (WaitForSingleObject(process.get(), static_cast<DWORD>(limit.count())) == WAIT_TIMEOUT) {
@@ -79,14 +82,14 @@ ProcessEnd runProcess(const std::filesystem::path& program, const std::vector<st
     return {ProcessEnd::Kind::TimedOut, 0, ""};
   }
   DWORD status = 0;
-  if (!GetExitCodeProcess(process.get(), &status)) fail("cannot tell how " + utf8FromPath(program) + " ended");
+  if (!GetExitCodeProcess(process.get(), &status)) fail("cannot tell how " + utf8FromPath(program) + " ended", program);
   return endOf(status);
 }
 
 std::filesystem::path ownProgram() {
   std::array<wchar_t, 32768> path{};
   const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-  if (length == 0 || length == path.size()) fail("cannot tell the program's own file");
+  if (length == 0 || length == path.size()) fail("cannot tell the program's own file", {});
   return std::wstring(path.data(), length);
 }
 

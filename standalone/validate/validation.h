@@ -35,7 +35,7 @@ struct ValidationOptions {
 
 // Runs each check in a process of its own, so that neither a crash nor a hang ends the others. `each` gets every report
 // as it comes. When the module cannot be loaded the first report is the only one. The program is called as PROGRAM
-// validate --plugin MODULE --in-process --check NAME --result FOLDER. Throws std::system_error when it cannot be run.
+// validate --plugin MODULE --in-process --check NAME --result FOLDER. Throws std::runtime_error when it cannot be run.
 std::vector<CheckReport> validate(const ValidationOptions& options,
                                   const std::function<void(const CheckReport&)>& each = nullptr);
 
