@@ -2,7 +2,9 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 namespace quiltor {
 
@@ -28,6 +30,9 @@ inline bool closeWritten(std::FILE* file) noexcept {
 // one. Where a file that is open cannot be replaced, waits a moment for its end. False when the system refuses. Never
 // throws.
 bool replaceFile(const std::string& from, const std::string& to) noexcept;
+
+// The same for paths as the system has them, and why it refuses.
+std::error_code replaceFile(const std::filesystem::path& from, const std::filesystem::path& to) noexcept;
 
 // Deletes a file if it is there. Never throws.
 void removeFile(const std::string& path) noexcept;

@@ -62,6 +62,12 @@ bool replaceFile(const std::string& from, const std::string& to) noexcept {
   }
 }
 
+std::error_code replaceFile(const std::filesystem::path& from, const std::filesystem::path& to) noexcept {
+  std::error_code error;
+  std::filesystem::rename(from, to, error);
+  return error;
+}
+
 void removeFile(const std::string& path) noexcept {
   try {
     unlink(systemPath(path).c_str());

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <thread>
 
+#include "base/utf8_path.h"
 #include "platform/scratch_folder.h"
 
 namespace quiltor {
@@ -73,6 +74,19 @@ TEST(ReplaceFile, LeavesBothWhenAFolderIsInTheWay) {
   EXPECT_FALSE(replaceFile(scratch.path("new"), scratch.path("folder")));
   EXPECT_TRUE(std::filesystem::exists(scratch.path("new")));
   EXPECT_FALSE(replaceFile(scratch.path("missing"), scratch.path("new")));
+}
+
+// On POSIX a backslash is a letter of a name like any other.
+TEST(ReplaceFile, TakesPathsAsTheSystemHasThem) {
+  const ScratchFolder scratch;
+  const std::filesystem::path folder = pathFromUtf8(scratch.path());
+  const std::filesystem::path unfinished = folder / std::filesystem::path("a\\b").filename();
+  std::ofstream(unfinished) << "new";
+  EXPECT_FALSE(replaceFile(unfinished, folder / "c"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "c"));
+  std::filesystem::create_directory(folder / "folder");
+  EXPECT_TRUE(replaceFile(folder / "c", folder / "folder"));
+  EXPECT_EQ(replaceFile(folder / "missing", folder / "c"), std::errc::no_such_file_or_directory);
 }
 
 TEST(RemoveFile, DeletesAFileAndNothingElse) {

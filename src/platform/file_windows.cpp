@@ -20,6 +20,16 @@ bool isFolder(const std::wstring& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
+DWORD replace(const std::wstring& from, const std::wstring& to) {
+  for (int attempt = 0; !MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING); ++attempt) {
+    const DWORD error = GetLastError();
+    const bool isInUse = error == ERROR_SHARING_VIOLATION || (error == ERROR_ACCESS_DENIED && !isFolder(to));
+    if (!isInUse || attempt == kMostAttempts) return error;
+    Sleep(kPauseMilliseconds);
+  }
+  return ERROR_SUCCESS;
+}
+
 }  // namespace
 
 std::FILE* openFile(const std::string& path, const char* mode) noexcept {
@@ -63,17 +73,14 @@ int64_t fileSize(std::FILE* file) {
 
 bool replaceFile(const std::string& from, const std::string& to) noexcept {
   try {
-    const std::wstring wideFrom = systemPath(from), wideTo = systemPath(to);
-    for (int attempt = 0; !MoveFileExW(wideFrom.c_str(), wideTo.c_str(), MOVEFILE_REPLACE_EXISTING); ++attempt) {
-      const DWORD error = GetLastError();
-      const bool isInUse = error == ERROR_SHARING_VIOLATION || (error == ERROR_ACCESS_DENIED && !isFolder(wideTo));
-      if (!isInUse || attempt == kMostAttempts) return false;
-      Sleep(kPauseMilliseconds);
-    }
-    return true;
+    return replace(systemPath(from), systemPath(to)) == ERROR_SUCCESS;
   } catch (...) {
     return false;
   }
+}
+
+std::error_code replaceFile(const std::filesystem::path& from, const std::filesystem::path& to) noexcept {
+  return {static_cast<int>(replace(from.native(), to.native())), std::system_category()};
 }
 
 void removeFile(const std::string& path) noexcept {

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/utf8_path.h"
+#include "platform/file.h"
 #include "standalone/cli/command_error.h"
 
 namespace quiltor::standalone {
@@ -31,15 +32,14 @@ std::optional<std::vector<unsigned char>> readProject(const std::filesystem::pat
 void writeProject(const std::filesystem::path& path, const std::vector<unsigned char>& flat) {
   std::filesystem::path unfinished = path;
   unfinished += ".unfinished";
-  std::error_code error;
   {
     std::ofstream file(unfinished, std::ios::binary | std::ios::trunc);
     file.write(reinterpret_cast<const char*>(flat.data()), static_cast<std::streamsize>(flat.size()));
     file.close();
-    if (file) std::filesystem::rename(unfinished, path, error);
-    if (file && !error) return;
+    if (file && !replaceFile(unfinished, path)) return;
   }
-  std::filesystem::remove(unfinished, error);
+  std::error_code ignored;
+  std::filesystem::remove(unfinished, ignored);
   throw CommandFailure(utf8FromPath(path) + ": cannot be written");
 }
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/utf8_path.h"
+#include "platform/file.h"
 #include "platform/system_message.h"
 #include "standalone/host/picture_codec.h"
 
@@ -92,8 +93,7 @@ class PendingFile {
 
   [[nodiscard]] const std::filesystem::path& path() const { return path_; }
   void commit() {
-    std::error_code error;
-    std::filesystem::rename(path_, target_, error);
+    const std::error_code error = replaceFile(path_, target_);
     if (error) throw PictureError("cannot write " + utf8FromPath(target_) + ": " + systemMessage(error, target_));
     committed_ = true;
   }

@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <thread>
 
 // The library's header needs the standard streams before it.
 #include <cstdio>
@@ -119,6 +121,19 @@ TEST_F(PictureFile, APictureThatEndsEarlyIsRefused) {
   for (const std::size_t size : {std::size_t{8}, std::size_t{30}, whole.size() / 2, whole.size() - 13}) {
     EXPECT_NE(whyUnreadable(write("cut.png", whole.substr(0, size))), "") << size;
   }
+}
+
+TEST_F(PictureFile, OneThatSomebodyReadsForAMomentIsReplaced) {
+  writePng(folder / "a.png", samplePicture(WorldFormat::Argb8, 3, 2));
+  std::ifstream reading(folder / "a.png", std::ios::binary);
+  ASSERT_TRUE(reading);
+  std::thread reader([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    reading.close();
+  });
+  EXPECT_NO_THROW(writePng(folder / "a.png", samplePicture(WorldFormat::Argb8, 5, 4)));
+  reader.join();
+  EXPECT_EQ(readPicture(folder / "a.png", WorldFormat::Argb8).width(), 5);
 }
 
 TEST_F(PictureFile, AFailedWriteLeavesNothing) {
