@@ -7,20 +7,23 @@
 
 namespace quiltor::bench {
 
-// Moves bytes between the cores and memory: copies half as many as it is to move, on all cores.
+// Moves bytes between the cores and memory: copies half as many as it is to move, on all cores, each
+// from memory of its own: none finds in a shared cache what another has read.
 class BandwidthLoop {
  public:
   BandwidthLoop(double bytes, int threads)
-      : from_(static_cast<std::size_t>(bytes / 2 / threads), 1), to_(static_cast<std::size_t>(threads), from_) {}
+      : from_(static_cast<std::size_t>(threads), std::vector<char>(static_cast<std::size_t>(bytes / 2 / threads), 1)),
+        to_(from_) {}
 
   void run() {
     std::vector<std::jthread> threads;
-    for (auto& to : to_) threads.emplace_back([&] { std::memcpy(to.data(), from_.data(), to.size()); });
+    for (std::size_t i = 0; i < to_.size(); ++i) {
+      threads.emplace_back([&from = from_[i], &to = to_[i]] { std::memcpy(to.data(), from.data(), to.size()); });
+    }
   }
 
  private:
-  std::vector<char> from_;
-  std::vector<std::vector<char>> to_;
+  std::vector<std::vector<char>> from_, to_;
 };
 
 }  // namespace quiltor::bench
