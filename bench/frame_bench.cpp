@@ -57,7 +57,9 @@ class Bench {
 
   void run() {
     drawFrames();
-    if (wants("memory")) {
+    if (wants("memory") && !canMeasurePeakMemory()) {
+      std::fputs("peak memory: not measured, because the system does not tell a process's peak\n", stderr);
+    } else if (wants("memory")) {
       forEach([&](const std::string& format, const FrameSize& size) {
         limitPeakMemory(QUILTOR_MODULE_PATH, format, size, limits_);
       });

@@ -46,6 +46,8 @@ double meantToHold(const FrameJob& job, WorldFormat format, const FrameSize& siz
 
 }  // namespace
 
+bool canMeasurePeakMemory() { return forgetPeak() && memoryFigure("VmRSS") && memoryFigure("VmHWM"); }
+
 void limitPeakMemory(const char* modulePath, const std::string& format, const FrameSize& size, Limits& limits) {
   const World input = layerPicture(worldFormat(format).value(), size.width, size.height);
   const World pattern = patternPicture(input.format());
@@ -55,11 +57,11 @@ void limitPeakMemory(const char* modulePath, const std::string& format, const Fr
     FrameRunner runner(modulePath);
     runner.setUp(job, input, pattern, kThreads);
     malloc_trim(0);
-    const auto before = memoryFigure("VmRSS");
-    if (!forgetPeak() || !before) return;
+    const double before = memoryFigure("VmRSS").value();
+    forgetPeak();
     runner.frame();
     const double hosts = size.pixels() * bytesPerPixel(input.format()) / kMebibyte;
-    const double peak = (memoryFigure("VmHWM").value() - *before) / 1024 - hosts;
+    const double peak = (memoryFigure("VmHWM").value() - before) / 1024 - hosts;
     limits.add({std::string("peak memory of ") + name, format, size.text(), peak, "MiB",
                 meantToHold(job, input.format(), size)});
   }

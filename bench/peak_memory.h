@@ -6,9 +6,12 @@
 
 namespace quiltor::bench {
 
+// Whether the system tells a process's peak, and begins a new one when it is told to.
+bool canMeasurePeakMemory();
+
 // The most memory that the effect holds while it draws a frame, without the host's worlds, beside what it is meant to
 // hold: the private copies, the result, 1 MiB a worker and, of J4b, the blurred colours between the blur's halves.
-// Where the system does not tell a process's peak, nothing is added. No other FrameRunner may live.
+// Only where it can be measured. No other FrameRunner may live.
 void limitPeakMemory(const char* modulePath, const std::string& format, const FrameSize& size, Limits& limits);
 
 }  // namespace quiltor::bench
