@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "bench/frame_runner.h"
+#include "bench/pictures.h"
 #include "bench/use_cores.h"
 
 namespace quiltor::bench {
@@ -26,8 +27,6 @@ namespace {
 using standalone::Rgba;
 using standalone::World;
 using standalone::WorldFormat;
-
-constexpr int kPatternSide = 256;
 
 World readWorld(const std::string& path, WorldFormat format, int width, int height) {
   std::ifstream file(path, std::ios::binary);

@@ -14,8 +14,8 @@ using standalone::World;
 using standalone::WorldFormat;
 
 // By their place in the registered parameters.
-constexpr int kSource = 1, kPatternLayer = 2, kTileMode = 5, kBlendMode = 6, kOpacity = 7, kScale = 8, kOffset = 9,
-              kRotation = 10, kBlur = 14;
+constexpr int kSource = 1, kPatternLayer = 2, kTileMode = 5, kOpacity = 7, kScale = 8, kOffset = 9, kRotation = 10,
+              kBlur = 14;
 constexpr int kFromLayer = 1, kFromFile = 2;  // menu items
 
 HostOptions trustingHost() {

@@ -12,6 +12,9 @@
 
 namespace quiltor::bench {
 
+// The parameter's place among those that the effect registers.
+inline constexpr int kBlendMode = 6;
+
 // What a measured frame asks of the effect.
 struct FrameJob {
   int tileMode = 2;   // menu items, from 1

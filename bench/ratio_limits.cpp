@@ -43,27 +43,29 @@ void limitRatios(FrameRunner& runner, const std::string& format, const FrameSize
     return runner.savedWith(folder.path(name));
   };
   const std::vector<unsigned char> smallFile = saved("small.png", small), largeFile = saved("large.png", large);
-  const std::vector<FrameVariant> variants{{withTileMode(kTiled), &input, &small},
-                                           {withTileMode(kSingle), &input, &small},
-                                           {withTileMode(kMirrored), &input, &small},
-                                           {withScale(100), &input, &small},
-                                           {withScale(1), &input, &small},
-                                           {turned(), &input, nullptr, &largeFile},
-                                           {turned(), &input, nullptr, &smallFile},
-                                           {turned(), &input, &large},
-                                           {frameJob("J4a").value(), &input, &small},
-                                           {frameJob("J4b").value(), &input, &small}};
+  std::vector<FrameVariant> variants;
+  const auto variant = [&](const FrameJob& job, const World* layer, const std::vector<unsigned char>* file = nullptr) {
+    variants.push_back({job, &input, layer, file});
+    return variants.size() - 1;
+  };
+  const std::size_t tiled = variant(withTileMode(kTiled), &small), single = variant(withTileMode(kSingle), &small),
+                    mirrored = variant(withTileMode(kMirrored), &small);
+  const std::size_t scaleOf100 = variant(withScale(100), &small), scaleOf1 = variant(withScale(1), &small);
+  const std::size_t fromLarge = variant(turned(), nullptr, &largeFile),
+                    fromSmall = variant(turned(), nullptr, &smallFile), overLarge = variant(turned(), &large);
+  const std::size_t blurOf10 = variant(frameJob("J4a").value(), &small),
+                    blurOf100 = variant(frameJob("J4b").value(), &small);
   const auto times = drawInTurn(runner, variants, frames);
   const auto add = [&](const char* what, std::size_t of, std::size_t to, double limit) {
     limits.add({what, format, size.text(), times[of].elapsed / times[to].elapsed, "x", limit});
   };
-  add("Single to Tiled", 1, 0, 1.2);
-  add("Mirrored to Tiled", 2, 0, 1.2);
-  add("scale 1 % to 100 %", 4, 3, 1.5);
-  add("a pattern file of 4096x4096 to one of 256x256", 5, 6, 1.6);
+  add("Single to Tiled", single, tiled, 1.2);
+  add("Mirrored to Tiled", mirrored, tiled, 1.2);
+  add("scale 1 % to 100 %", scaleOf1, scaleOf100, 1.5);
+  add("a pattern file of 4096x4096 to one of 256x256", fromLarge, fromSmall, 1.6);
   // The effect copies layers: that of the pattern has eight times as many pixels as a small frame.
-  add("a pattern layer of 4096x4096 to one of 256x256", 7, 0, 1.6);
-  add("a blur of 100 to one of 10", 9, 8, 1.3);
+  add("a pattern layer of 4096x4096 to one of 256x256", overLarge, tiled, 1.6);
+  add("a blur of 100 to one of 10", blurOf100, blurOf10, 1.3);
 }
 
 void limitSmallFrame(FrameRunner& runner, int frames, Limits& limits) {
@@ -80,7 +82,7 @@ nlohmann::json limitModes(FrameRunner& runner, const std::string& format, const 
                           Limits& limits) {
   const World input = layerPicture(worldFormat(format).value(), size.width, size.height);
   const World pattern = patternPicture(input.format());
-  const std::vector<std::string> names = runner.effect().parameters()[6].items();
+  const std::vector<std::string> names = runner.effect().parameters()[kBlendMode].items();
   std::vector<FrameVariant> variants;
   for (std::size_t mode = 0; mode < names.size(); ++mode) {
     FrameJob job = turned();
