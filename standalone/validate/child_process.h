@@ -20,7 +20,7 @@ struct ProcessEnd {
 };
 
 // Runs a program without a shell, its output thrown away, and waits for its end, for no longer than the limit. Throws
-// std::runtime_error when it cannot be started. The one place that knows how the system runs processes.
+// std::runtime_error when it cannot be started.
 [[nodiscard]] ProcessEnd runProcess(const std::filesystem::path& program, const std::vector<std::string>& arguments,
                                     std::chrono::milliseconds limit);
 
