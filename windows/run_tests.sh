@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Runs the Windows build's test programs under Wine in a fresh prefix, and compares their tests with the native build's:
 # every test runs on both, or windows/one_system_tests.txt says why not.
-# usage: windows/run_tests.sh [FILTER]
+# usage: windows/run_tests.sh [FILTER], a pattern of tests as --gtest_filter takes it
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 readonly out="$PWD/build/windows-test"
-readonly filter="${1-*}"
+readonly filter="${1:-*}"
 readonly wine=/usr/lib/wine/wine64 server=/usr/lib/wine/wineserver64
 export out wine WINEPREFIX="$out/prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe=" DISPLAY=
 
@@ -18,6 +18,9 @@ die() {
   say "$*" >&2
   exit 1
 }
+
+# The lists below have a line for each part, of words.
+[[ "$filter" != *[[:space:]]* ]] || die "the pattern \"$filter\" has blanks, which no test's name has"
 
 # run_part NAME PROGRAM PART PARTS FILTER: leaves what the program said in NAME.log, or in NAME.failed.
 run_part() {
@@ -126,10 +129,11 @@ for system in native windows; do
 done
 grep -v '^#' windows/one_system_tests.txt
 
-if [[ "$filter" == "*" ]]; then
-  all="$(cat "$out"/*.log | sum "$passed")"
-  ((all == $(count windows.tests))) || { say "$all tests passed of $(count windows.tests)" >&2; unequal=1; }
-fi
+all="$(cat "$out"/*.log | sum "$passed")"
+[[ "$filter" != "*" ]] || ((all == $(count windows.tests))) || {
+  say "$all tests passed of $(count windows.tests)" >&2
+  unequal=1
+}
 refusals='^([0-9]+) refusals$'
 build/native/tests/refusals/tests_refusals_test --gtest_brief=1 --gtest_filter="$filter" >"$out/native-refusals" ||
   die "the refusals failed natively"
@@ -140,4 +144,5 @@ say "the host refused $natively times natively, $under_wine times under Wine"
 ((natively > 0)) || [[ "$filter" != "*" ]] || { say "no refusal was counted" >&2; unequal=1; }
 ((${#failed[@]} == 0)) || die "failed: ${failed[*]}"
 ((unequal == 0)) || die "the two systems are not equal, as said above"
-say "everything passed"
+((all > 0)) || die "no test matches $filter"
+say "everything passed: $all tests"
