@@ -58,8 +58,8 @@ list_alone() {
 # What --gtest_list_tests prints, as a name to a line.
 test_names() { tr -d '\r' | awk '/^[^ ].*\.( |$)/ { suite = $1; next } /^  / { print suite $1 }' | sort; }
 
-# sum PATTERN: of the numbers that the parentheses find in the standard input's lines.
-sum() { tr -d '\r' | sed -nE "s/$1/\1/p" | awk '{ sum += $1 } END { print sum + 0 }'; }
+# sum PATTERN FILE...: of the numbers that the parentheses find in the files' lines. A program that failed left no file.
+sum() { { cat "${@:2}" 2>/dev/null || true; } | tr -d '\r' | sed -nE "s/$1/\1/p" | awk '{ sum += $1 } END { print sum + 0 }'; }
 readonly passed='^\[  PASSED  \] ([0-9]+) tests?\.$'
 
 rm -rf "$out"
@@ -83,11 +83,13 @@ while read -r program _; do
     tr -d '\r' <"$log" | tail -n 60
     failed+=("$(basename "$log" .failed)")
   done
-  printf '%-40s %5d passed\n' "$name" "$(cat "$out/$name".*.log 2>/dev/null | sum "$passed")"
+  printf '%-40s %5d passed\n' "$name" "$(sum "$passed" "$out/$name".*.log)"
 done <"$programs"
 
-while read -r program _; do (cd "$out" && "$wine" "$program" --gtest_list_tests <<<"") 2>/dev/null | test_names; done \
-  <"$programs" | sort >"$out/windows.tests"
+while read -r program _; do
+  (cd "$out" && "$wine" "$program" --gtest_list_tests <<<"") 2>/dev/null | test_names ||
+    die "$program does not list its tests"
+done <"$programs" | sort >"$out/windows.tests"
 # The dialogs are not built for Windows: their programs count as a whole.
 while read -r program _; do
   grep -q "/$(basename "$program")\.exe" "$programs" || {
@@ -95,7 +97,7 @@ while read -r program _; do
       die "$(basename "$program") is not built for Windows, and windows/one_system_tests.txt does not say why"
     continue
   }
-  "$program" --gtest_list_tests | test_names
+  "$program" --gtest_list_tests | test_names || die "$program does not list its tests"
 done <build/native/test_programs.txt | sort >"$out/native.tests"
 comm -23 "$out/native.tests" "$out/windows.tests" >"$out/native.alone"
 comm -13 "$out/native.tests" "$out/windows.tests" >"$out/windows.alone"
@@ -129,7 +131,7 @@ for system in native windows; do
 done
 grep -v '^#' windows/one_system_tests.txt
 
-all="$(cat "$out"/*.log | sum "$passed")"
+all="$(sum "$passed" "$out"/*.log)"
 [[ "$filter" != "*" ]] || ((all == $(count windows.tests))) || {
   say "$all tests passed of $(count windows.tests)" >&2
   unequal=1
@@ -137,8 +139,8 @@ all="$(cat "$out"/*.log | sum "$passed")"
 refusals='^([0-9]+) refusals$'
 build/native/tests/refusals/tests_refusals_test --gtest_brief=1 --gtest_filter="$filter" >"$out/native-refusals" ||
   die "the refusals failed natively"
-natively="$(sum "$refusals" <"$out/native-refusals")"
-under_wine="$(cat "$out"/tests_refusals_test.*.log 2>/dev/null | sum "$refusals")"
+natively="$(sum "$refusals" "$out/native-refusals")"
+under_wine="$(sum "$refusals" "$out"/tests_refusals_test.*.log)"
 say "the host refused $natively times natively, $under_wine times under Wine"
 ((natively == under_wine)) || unequal=1
 ((natively > 0)) || [[ "$filter" != "*" ]] || { say "no refusal was counted" >&2; unequal=1; }
