@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Packs build/windows into dist/Quiltor-VERSION-win64.zip, with the licences of what is linked into it. The same commit
-# gives the same bytes.
+# Packs build/windows into FOLDER/Quiltor-VERSION-win64.zip, with the licences of what is linked into it. The same
+# commit gives the same bytes. usage: windows/package_zip.sh FOLDER
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
@@ -8,13 +8,13 @@ version="$(sed -nE 's/^project\(Quiltor VERSION ([0-9.]+) .*/\1/p' CMakeLists.tx
 moment="@$(git log -1 --format=%ct)"
 readonly version moment name="Quiltor-$version-win64"
 readonly sources=build/windows-dependencies/sources
-readonly folder="build/package/$name"
+readonly folder="$1/$name"
 
 # licence LIBRARY FILE...
 licence() { cat "${@:2}" >"$folder/licences/$1.txt"; }
 
-rm -rf build/package
-mkdir -p "$folder/licences" dist
+rm -rf "$folder" "$folder.zip"
+mkdir -p "$folder/licences"
 install -m 755 build/windows/Quiltor.aex build/windows/quiltor.exe "$folder"
 sed "s/@VERSION@/$version/" windows/zip_readme.txt | sed 's/$/\r/' >"$folder/README.txt"
 licence libpng "$sources/libpng1.6/LICENSE"
@@ -26,11 +26,10 @@ for package in libz-mingw-w64-dev mingw-w64-common gcc-mingw-w64-base libcli11-d
   licence "$package" "/usr/share/doc/$package/copyright"
 done
 
-rm -f "dist/$name.zip"
 (
-  cd build/package
+  cd "$1"
   export TZ=UTC
   find "$name" -exec touch --date="$moment" {} +
   # Without the times and owners that only this system knows.
-  find "$name" -type f | LC_ALL=C sort | zip -X -q -@ "../../dist/$name.zip"
+  find "$name" -type f | LC_ALL=C sort | zip -X -q -@ "$name.zip"
 )

@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# Installs the packages in dist/ into folders of their own, whose names no code page has all of, and has both programs
-# do the same, which must come out the same.
+# Installs the packages in FOLDER into folders of their own, whose names no code page has all of, and has both programs
+# do the same, which must come out the same. usage: windows/try_packages.sh FOLDER
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
-readonly out="$PWD/build/package/try"
+packages="$(realpath "$1")"
+readonly packages out="$packages/try"
 readonly work="$out/Jürgen 美"
 export WINEPREFIX="$out/prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY=
 
@@ -18,12 +19,12 @@ fail_with() { fail "$1: $(tr -s '\r\n' '  ' <"$2")"; }
 
 rm -rf "$out"
 mkdir -p "$work"/{windows,debian,Textures}
-unzip -q dist/Quiltor-*-win64.zip -d "$work/windows"
-dpkg-deb --extract dist/quiltor_*_amd64.deb "$work/debian"
+unzip -q "$packages"/Quiltor-*-win64.zip -d "$work/windows"
+dpkg-deb --extract "$packages"/quiltor_*_amd64.deb "$work/debian"
 cp samples/layer.png samples/dots.png samples/tiles.pat "$work/Textures"
 
 # The system must be able to satisfy the dependencies, and they must be all that the files load.
-apt-get install --simulate --no-install-recommends "$PWD"/dist/quiltor_*_amd64.deb >"$out/install.log" 2>&1 ||
+apt-get install --simulate --no-install-recommends "$packages"/quiltor_*_amd64.deb >"$out/install.log" 2>&1 ||
   fail_with "the dependencies of the Debian package cannot be satisfied" "$out/install.log"
 ! ldd "$work"/debian/usr/lib/quiltor/* | grep 'not found' >&2 || fail "the libraries above are missing"
 

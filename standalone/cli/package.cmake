@@ -20,6 +20,4 @@ set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The letters of contact sheets and of dialogs.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS fonts-dejavu-core)
-# With its own work beside it.
-set(CPACK_PACKAGE_DIRECTORY "${PROJECT_BINARY_DIR}/package")
 include(CPack)
