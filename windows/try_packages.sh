@@ -7,6 +7,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 packages="$(realpath "$1")"
 readonly packages out="$packages/try"
 readonly work="$out/Jürgen 美"
+readonly root="$work/debian"
 export WINEPREFIX="$out/prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" DISPLAY=
 
 fail() {
@@ -18,19 +19,47 @@ fail() {
 fail_with() { fail "$1: $(tr -s '\r\n' '  ' <"$2")"; }
 
 rm -rf "$out"
-mkdir -p "$work"/{windows,debian,Textures}
+mkdir -p "$work"/{windows,Textures} "$root"/var/lib/dpkg/{info,triggers,updates}
 unzip -q "$packages"/Quiltor-*-win64.zip -d "$work/windows"
-dpkg-deb --extract "$packages"/quiltor_*_amd64.deb "$work/debian"
 cp samples/layer.png samples/dots.png samples/tiles.pat "$work/Textures"
 
-# The system must be able to satisfy the dependencies, and they must be all that the files load.
-apt-get install --simulate --no-install-recommends "$packages"/quiltor_*_amd64.deb >"$out/install.log" 2>&1 ||
-  fail_with "the dependencies of the Debian package cannot be satisfied" "$out/install.log"
-! ldd "$work"/debian/usr/lib/quiltor/* | grep 'not found' >&2 || fail "the libraries above are missing"
+# --- the Debian package, installed into a root of its own ---
+
+# in_root OPTION...: does it with dpkg, which takes for installed what this system has, and leaves the system alone.
+in_root() {
+  dpkg --root="$root" --log="$out/dpkg.log" --force-not-root --force-bad-path "$@" >"$out/dpkg.out" 2>&1 || {
+    # It misses the lists of what the other packages hold.
+    sed -i '/ missing; assuming /d' "$out/dpkg.out"
+    fail_with "dpkg $1 failed" "$out/dpkg.out"
+  }
+}
+
+# needed FILE: the packages of the libraries that the file names. The loader comes with the C library.
+needed() {
+  local libraries name path owner
+  libraries="$(ldd "$1")" || fail "ldd cannot read $1"
+  objdump -p "$1" | awk '$1 == "NEEDED" && $2 !~ /^ld-linux/ { print $2 }' | while read -r name; do
+    path="$(awk -v name="$name" '$1 == name { print $3 }' <<<"$libraries")"
+    [[ "$path" == /* ]] || fail "$name is missing, which $(basename "$1") needs"
+    # A package may have its files below /usr where the system has one folder for both.
+    owner="$({ dpkg-query --search "$path" "/usr$path" 2>/dev/null || true; } | sed 's/:.*//' | sort -u)"
+    [[ -n "$owner" ]] || fail "no package holds $name, which $(basename "$1") needs"
+    echo "$owner"
+  done
+}
+
+cp /var/lib/dpkg/status "$root/var/lib/dpkg"
+in_root --install "$packages"/quiltor_*_amd64.deb
+for file in "$root"/usr/lib/*/quiltor/*; do needed "$file"; done | sort -u >"$out/needed"
+dpkg-query --admindir="$root/var/lib/dpkg" --show --showformat='${Depends}' quiltor | tr ',' '\n' | awk '{ print $1 }' |
+  sort -u >"$out/depends"
+diff "$out/needed" "$out/depends" >&2 || fail "the Debian package depends on other packages (>) than its files need (<)"
+
+# --- both programs do the same ---
 
 # program NAME: runs the installed program of that name in the folder that both share.
 program() {
-  local name=$1 command=("$work/debian/usr/bin/quiltor")
+  local name=$1 command=("$root/usr/bin/quiltor")
   [[ "$name" == debian ]] || command=(/usr/lib/wine/wine64 "$work"/windows/*/quiltor.exe)
   shift
   (cd "$work" && QUILTOR_USER_DIR="$work/$name-user" QUILTOR_ALLUSERS_DIR="$work/$name-all" "${command[@]}" "$@") \
@@ -63,4 +92,10 @@ both library list
 same_words library list
 both params
 same_words params
+
+# --- nothing stays of the Debian package ---
+
+in_root --purge quiltor
+[[ -z "$(find "$root" -mindepth 1 -path "$root/var" -prune -o -print)" ]] ||
+  fail "the Debian package leaves files when it is removed: $(find "$root" -path "$root/var" -prune -o -type f -print)"
 printf 'packages: both programs run where they were installed, draw the same pictures and say the same\n'

@@ -1,12 +1,14 @@
 # The Debian package of the stand-alone host: the program and the module lie side by side, as the program expects.
-install(TARGETS quiltor RUNTIME DESTINATION lib/quiltor)
-install(TARGETS Quiltor LIBRARY DESTINATION lib/quiltor)
+# Deliberate: not right below lib, for which CPack has the package call ldconfig, as if others linked the module.
+set(package_folder "lib/${CMAKE_LIBRARY_ARCHITECTURE}/quiltor")
+install(TARGETS quiltor RUNTIME DESTINATION "${package_folder}")
+install(TARGETS Quiltor LIBRARY DESTINATION "${package_folder}")
 if(TARGET QuiltorDialogs)
-  install(TARGETS QuiltorDialogs LIBRARY DESTINATION lib/quiltor)
+  install(TARGETS QuiltorDialogs LIBRARY DESTINATION "${package_folder}")
 endif()
 install(CODE "
   file(MAKE_DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin\")
-  file(CREATE_LINK ../lib/quiltor/quiltor \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin/quiltor\" SYMBOLIC)")
+  file(CREATE_LINK \"../${package_folder}/quiltor\" \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin/quiltor\" SYMBOLIC)")
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION share/doc/quiltor)
 
 set(CPACK_GENERATOR DEB)
