@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <chrono>
+#include <condition_variable>
 #include <cstddef>
 #include <future>
-#include <semaphore>
+#include <mutex>
 #include <type_traits>
 #include <utility>
 
@@ -15,17 +16,16 @@ namespace quiltor::standalone {
 // Runs work beside the caller's, so many pieces of it at once.
 class ParallelWork {
  public:
-  explicit ParallelWork(std::size_t atOnce)
-      : atOnce_(std::max<std::size_t>(atOnce, 1)), free_(static_cast<std::ptrdiff_t>(atOnce_)) {}
+  explicit ParallelWork(std::size_t atOnce) : atOnce_(std::max<std::size_t>(atOnce, 1)), free_(atOnce_) {}
 
   [[nodiscard]] std::size_t atOnce() const { return atOnce_; }
 
   // Waits until fewer pieces run and starts this one. This object must outlive the result, which waits for its end.
   template <class Work>
   [[nodiscard]] std::future<std::invoke_result_t<Work&>> start(Work work) {
-    free_.acquire();
+    takeTurn();
     auto result = std::async(std::launch::async | std::launch::deferred, [this, work = std::move(work)]() mutable {
-      const ScopeGuard release([this] { free_.release(); });
+      const ScopeGuard release([this] { endTurn(); });
       return work();
     });
     // A system out of threads defers it.
@@ -34,8 +34,23 @@ class ParallelWork {
   }
 
  private:
+  void takeTurn() {
+    std::unique_lock lock(mutex_);
+    released_.wait(lock, [this] { return free_ > 0; });
+    --free_;
+  }
+  void endTurn() {
+    const std::lock_guard lock(mutex_);
+    ++free_;
+    released_.notify_one();
+  }
+
   const std::size_t atOnce_;
-  std::counting_semaphore<> free_;
+  // Deliberate: no std::counting_semaphore, whose waiting in the C++ library for Windows misses a release that comes
+  // between its look at the number and its sleep.
+  std::mutex mutex_;
+  std::condition_variable released_;
+  std::size_t free_;
 };
 
 }  // namespace quiltor::standalone

@@ -30,6 +30,15 @@ TEST(ParallelWork, RunsSoManyAtOnceAndNoMore) {
   EXPECT_GT(most, 1);
 }
 
+TEST(ParallelWork, NoticesEveryEndThatItWaitsFor) {
+  ParallelWork work(1);
+  std::atomic<int> done = 0;
+  std::future<void> result;
+  for (int i = 0; i < 1000; ++i) result = work.start([&] { ++done; });
+  result.get();
+  EXPECT_EQ(done, 1000);
+}
+
 TEST(ParallelWork, PassesOnWhatWasThrownAndGoesOn) {
   ParallelWork work(1);
   auto failed = work.start([]() -> int { throw std::runtime_error("no"); });
