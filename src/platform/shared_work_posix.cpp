@@ -1,11 +1,13 @@
 #include <pthread.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <condition_variable>
 #include <cstddef>
 #include <mutex>
 #include <new>
+#include <thread>
 
 #include "platform/shared_work.h"
 
@@ -21,7 +23,8 @@ struct Work {
   Work* next = nullptr;
 };
 
-// Threads that outlive their work: to start 32 new ones takes longer than a small frame. They end with the module.
+// Threads that outlive their work, one for each processor: to start 32 new ones takes longer than a small frame. They
+// end with the module.
 class Helpers {
  public:
   static Helpers& all();
@@ -30,14 +33,15 @@ class Helpers {
   bool areHere() const { return getpid() == process_; }
 
   void offer(Work& work) {
+    work.places = std::min(work.places, most_);
     {
       const std::lock_guard lock(mutex_);
-      while (started_ < threads_.size() && started_ < static_cast<std::size_t>(work.places) && start()) {
+      while (started_ < work.places && start()) {
       }
       work.next = offered_;
       offered_ = &work;
     }
-    offers_.notify_one();
+    for (int i = 0; i < work.places; ++i) offers_.notify_one();
   }
 
   // Who has not begun by now finds nothing left, and is not waited for.
@@ -55,7 +59,7 @@ class Helpers {
       ending_ = true;
     }
     offers_.notify_all();
-    for (std::size_t i = 0; i < started_; ++i) pthread_join(threads_[i], nullptr);
+    for (int i = 0; i < started_; ++i) pthread_join(threads_[static_cast<std::size_t>(i)], nullptr);
   }
 
  private:
@@ -63,7 +67,8 @@ class Helpers {
     pthread_attr_t attributes;
     if (pthread_attr_init(&attributes) != 0) return false;
     pthread_attr_setstacksize(&attributes, kHelperStackBytes);
-    const bool isStarted = pthread_create(&threads_[started_], &attributes, &Helpers::help, this) == 0;
+    pthread_t& thread = threads_[static_cast<std::size_t>(started_)];
+    const bool isStarted = pthread_create(&thread, &attributes, &Helpers::help, this) == 0;
     pthread_attr_destroy(&attributes);
     if (isStarted) ++started_;
     return isStarted;
@@ -80,7 +85,6 @@ class Helpers {
     return nullptr;
   }
 
-  // Each wakes the next, so that no more come than there are processors by the time all is done.
   void help() {
     std::unique_lock lock(mutex_);
     for (;;) {
@@ -89,9 +93,7 @@ class Helpers {
       Work& work = *firstOffer();
       --work.places;
       ++work.running;
-      const bool wakesAnother = firstOffer() != nullptr;
       lock.unlock();
-      if (wakesAnother) offers_.notify_one();
       work.run(work.argument);
       lock.lock();
       if (--work.running == 0) ends_.notify_all();
@@ -104,7 +106,9 @@ class Helpers {
   Work* offered_ = nullptr;
   bool ending_ = false;
   std::array<pthread_t, 64> threads_{};
-  std::size_t started_ = 0;
+  int started_ = 0;
+  // The caller has a processor too.
+  const int most_ = std::clamp(static_cast<int>(std::thread::hardware_concurrency()) - 1, 1, 64);
 };
 
 // Deliberate: never destroyed, because a fork that destroyed it would wait for threads that it does not have.
