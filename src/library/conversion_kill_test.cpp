@@ -1,12 +1,14 @@
 #include <atomic>
 #include <chrono>
 #include <random>
+#include <stdexcept>
 #include <thread>
 
 #include "formats/image_file.h"
 #include "library/conversion_test.h"
 #include "platform/testing/shared_record.h"
 #include "platform/testing/test_process.h"
+#include "platform/testing/wait_for.h"
 
 namespace quiltor {
 namespace {
@@ -33,7 +35,7 @@ class ConversionKill : public ConversionTest {
   TestProcess startConverting() {
     progress_->begun = false;
     TestProcess process(kConvertAndTell, {library(), progressFile_});
-    while (!progress_->begun) std::this_thread::yield();
+    if (!waitFor([&] { return progress_->begun.load(); })) throw std::runtime_error("the process never began");
     return process;
   }
 

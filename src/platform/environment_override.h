@@ -21,6 +21,17 @@ class EnvironmentOverride {
   EnvironmentOverride(const EnvironmentOverride&) = delete;
   EnvironmentOverride& operator=(const EnvironmentOverride&) = delete;
 
+  // What a variable holds now (UTF-8).
+  static std::optional<std::string> valueOf(const std::string& name) {
+#ifdef _WIN32
+    const wchar_t* const value = _wgetenv(pathFromUtf8(name).c_str());
+    return value ? std::optional(utf8FromPath(value)) : std::nullopt;
+#else
+    const char* const value = std::getenv(name.c_str());
+    return value ? std::optional<std::string>(value) : std::nullopt;
+#endif
+  }
+
  private:
   void set(const std::optional<std::string>& value) {
 #ifdef _WIN32
@@ -32,16 +43,6 @@ class EnvironmentOverride {
     } else {
       unsetenv(name_.c_str());
     }
-#endif
-  }
-
-  static std::optional<std::string> valueOf(const std::string& name) {
-#ifdef _WIN32
-    const wchar_t* const value = _wgetenv(pathFromUtf8(name).c_str());
-    return value ? std::optional(utf8FromPath(value)) : std::nullopt;
-#else
-    const char* const value = std::getenv(name.c_str());
-    return value ? std::optional<std::string>(value) : std::nullopt;
 #endif
   }
 

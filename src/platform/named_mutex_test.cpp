@@ -17,6 +17,7 @@
 #include "platform/scratch_folder.h"
 #include "platform/testing/shared_record.h"
 #include "platform/testing/test_process.h"
+#include "platform/testing/wait_for.h"
 
 namespace quiltor {
 namespace {
@@ -73,8 +74,7 @@ class Claim {
   Claim& operator=(const Claim&) = delete;
 
   bool comes(std::chrono::milliseconds patience) const {
-    for (auto waited = 0ms; waited < patience && !has_; waited += 1ms) std::this_thread::sleep_for(1ms);
-    return has_;
+    return waitFor([&] { return has_.load(); }, patience);
   }
   void giveBack() { givenBack_ = true; }
 
@@ -146,7 +146,7 @@ TEST_F(NamedMutexTest, KeepsProcessesApartThatHaveDifferentEnvironments) {
 
 TEST_F(NamedMutexTest, IsHeldUntilItsOwnerDied) {
   TestProcess owner(kLockForEver, {name_, roomFile_});
-  while (!room_->locked) std::this_thread::yield();
+  ASSERT_TRUE(waitFor([&] { return room_->locked.load(); })) << "the owner never locked it";
   Claim heir(name_);
   EXPECT_FALSE(heir.comes(200ms));
   owner->kill();

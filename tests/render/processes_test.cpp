@@ -4,7 +4,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -14,6 +13,7 @@
 #include "platform/scratch_folder.h"
 #include "platform/testing/shared_record.h"
 #include "platform/testing/test_process.h"
+#include "platform/testing/wait_for.h"
 #include "standalone/host/instance.h"
 
 namespace quiltor::render_tests {
@@ -76,15 +76,6 @@ const ProcessWork kRenderMany("render many frames", [](const std::vector<std::st
 
 class RenderingProcesses : public testing::Test {
  protected:
-  static bool waitFor(const std::function<bool()>& condition, std::chrono::seconds patience) {
-    const auto end = std::chrono::steady_clock::now() + patience;
-    while (!condition()) {
-      if (std::chrono::steady_clock::now() > end) return false;
-      std::this_thread::sleep_for(1ms);
-    }
-    return true;
-  }
-
   ScratchFolder folder;
   EnvironmentOverride userData{"XDG_CONFIG_HOME", folder.path("user")};
   EnvironmentOverride allUsersData{"QUILTOR_ALLUSERS_DIR", folder.path("all")};
@@ -104,15 +95,15 @@ TEST_F(RenderingProcesses, NeverOverlap) {
 
 TEST_F(RenderingProcesses, GoOnWithinASecondWhenOneIsKilledInTheMiddle) {
   TestProcess hanging(kRenderMany, {turnsFile, "hang"});
-  ASSERT_TRUE(waitFor([&] { return turns->inside == 1; }, 30s)) << "the first process never rendered";
+  ASSERT_TRUE(waitFor([&] { return turns->inside == 1; })) << "the first process never rendered";
   TestProcess waiting(kRenderMany, {turnsFile, "200"});
-  ASSERT_TRUE(waitFor([&] { return turns->arrivals == 2; }, 30s)) << "the other process never started";
+  ASSERT_TRUE(waitFor([&] { return turns->arrivals == 2; })) << "the other process never started";
   std::this_thread::sleep_for(100ms);
   EXPECT_EQ(turns->finished, 0) << "a process rendered in the middle of another's render";
 
   const auto killed = std::chrono::steady_clock::now();
   hanging->kill();
-  ASSERT_TRUE(waitFor([&] { return turns->finished >= 1; }, 30s)) << "the other process waits for ever";
+  ASSERT_TRUE(waitFor([&] { return turns->finished >= 1; })) << "the other process waits for ever";
   EXPECT_LT(std::chrono::steady_clock::now() - killed, 1s);
   EXPECT_EQ(hanging->end(), ChildProgram::kKilled);
   EXPECT_EQ(waiting->end(), 0);

@@ -29,9 +29,9 @@ class WorkInsteadOfTests : public testing::Environment {
 }  // namespace
 
 ProcessWork::ProcessWork(const char* name, Function work) : name_(name) {
-  const char* const text = std::getenv(kWorkVariable);
+  const std::optional<std::string> text = EnvironmentOverride::valueOf(kWorkVariable);
   if (!text) return;
-  std::istringstream lines(text);
+  std::istringstream lines(*text);
   std::vector<std::string> words;
   for (std::string line; std::getline(lines, line);) words.push_back(line);
   if (words.empty() || words.front() != name) return;
