@@ -1,8 +1,10 @@
 // Names of files and folders that no code page has all of, and long ones.
 #include <gmock/gmock.h>
 
+#include <array>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "base/utf8_path.h"
 #include "formats/image_file.h"
@@ -43,10 +45,18 @@ class AnyFileName : public CommandLineTest, public testing::WithParamInterface<s
     EXPECT_EQ(image.pixels, (Bytes{1, 2, 3, 255, 4, 5, 6, 255}));
   }
 
-  static void expectRed(const std::string& path) {
-    const Rgba pixel = readPicture(pathFromUtf8(path), WorldFormat::Argb8).at(3, 3);
-    EXPECT_EQ(pixel.r, 1);
-    EXPECT_EQ(pixel.g, 0);
+  // Renders over a layer with more options, and gives the last pixel of what came out.
+  Rgba rendered(const std::string& layer, const std::string& output, const std::vector<std::string>& options) {
+    std::vector<std::string> words = {"render", layer, "-o", output};
+    words.insert(words.end(), options.begin(), options.end());
+    const Outcome outcome = runModule(words);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    return readPicture(pathFromUtf8(output), WorldFormat::Argb8).at(3, 3);
+  }
+
+  static void expectColor(const Rgba& pixel, const std::array<double, 3>& color) {
+    const std::array<double, 3> found = {pixel.r, pixel.g, pixel.b};
+    EXPECT_THAT(found, testing::Pointwise(testing::DoubleNear(1e-6), color));
   }
 
   const std::string name = GetParam();
@@ -54,18 +64,14 @@ class AnyFileName : public CommandLineTest, public testing::WithParamInterface<s
 };
 
 TEST_P(AnyFileName, IsTakenByRender) {
-  const std::string output = here + "-out.png";
   const std::string layer = picture(here + ".png", {0.2, 0.4, 0.6, 1});
-  const Outcome outcome = runModule(
-      {"render", layer, "-o", output, "--pattern", picture(folder.path("red " + name + ".png"), {1, 0, 0, 1})});
-  ASSERT_EQ(outcome.status, 0) << outcome.err;
-  expectRed(output);
-  const Outcome again =
-      runModule({"render", layer, "-o", output, "--pattern-layer", picture(here + ".png", {1, 0, 0, 1})});
-  ASSERT_EQ(again.status, 0) << again.err;
-  expectRed(output);
-  const Outcome pattern = runModule({"render", layer, "-o", output, "--pattern", patternFile(here) + "#" + name});
-  EXPECT_EQ(pattern.status, 0) << pattern.err;
+  const std::string red = picture(folder.path("red " + name + ".png"), {1, 0, 0, 1});
+  const std::string green = picture(folder.path("green " + name + ".png"), {0, 1, 0, 1});
+  expectColor(rendered(layer, here + "-1.png", {"--pattern", red}), {1, 0, 0});
+  expectColor(rendered(layer, here + "-2.png", {"--pattern-layer", green}), {0, 1, 0});
+  // The pattern of two pixels lies around the middle, and begins again at the last one.
+  expectColor(rendered(layer, here + "-3.png", {"--pattern", patternFile(here) + "#" + name}),
+              {1 / 255., 2 / 255., 3 / 255.});
 }
 
 TEST_P(AnyFileName, IsSaidInErrors) {
