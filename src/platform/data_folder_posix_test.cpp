@@ -37,6 +37,7 @@ TEST_F(LinuxDataFolder, AnEmptyVariableCountsAsUnset) {
   const EnvironmentOverride config("XDG_CONFIG_HOME", "");
   const EnvironmentOverride allUsers("QUILTOR_ALLUSERS_DIR", "");
   const EnvironmentOverride data("XDG_DATA_HOME", "");
+  const EnvironmentOverride user("QUILTOR_USER_DIR", "");
   EXPECT_EQ(userDataFolder(), "/home/someone/.config");
   EXPECT_EQ(allUsersDataFolder(scratch_.path()), "/home/someone/.local/share");
 }
