@@ -89,7 +89,7 @@ TEST_F(ListFolder, ListsTwentyThousandFilesWellUnderASecond) {
   }
   // The machine may be busy with something else for a while.
   std::chrono::duration<double> fastest = std::chrono::hours(1);
-  for (int turn = 0; turn < 10 && fastest.count() >= 0.5; ++turn) {
+  for (int turn = 0; turn < 3; ++turn) {
     const auto begin = std::chrono::steady_clock::now();
     const auto found = list({.recurse = true, .includeWords = {".png", ".jp"}, .excludeWords = {".cache"}});
     fastest = std::min<std::chrono::duration<double>>(fastest, std::chrono::steady_clock::now() - begin);
