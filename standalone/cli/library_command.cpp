@@ -49,11 +49,6 @@ void print(const std::vector<Library>& libraries, bool flatten, std::ostream& ou
 
 std::string listFile(bool allUsers) { return getUserDataFolder(allUsers) + "/Quiltor/libpaths.txt"; }
 
-bool sameFile(const std::string& first, const std::string& second) {
-  std::error_code error;
-  return std::filesystem::equivalent(pathFromUtf8(first), pathFromUtf8(second), error);
-}
-
 // What the settings can say and every reader understands: absolute, without a separator at the end.
 std::string configuredFolder(const std::string& typed) {
   std::error_code error;
@@ -113,7 +108,7 @@ void runLibraryList(const Console& console) {
   const bool own = fileExists(listFile(false)), shared = fileExists(listFile(true));
   if (!own && !shared) {
     console.out << "There is no list of libraries yet; `quiltor library scan FOLDER...` writes it.\n";
-  } else if (own && shared && !sameFile(listFile(false), listFile(true))) {
+  } else if (own && shared && !isSame(listFile(false), listFile(true))) {
     console.err << "quiltor: two lists: the gallery reads " << listFile(false) << ", the conversion " << listFile(true)
                 << "; scanning with --all-users leaves one\n";
   }

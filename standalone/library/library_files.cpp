@@ -64,12 +64,12 @@ bool writeBoth(const std::string& folder, const std::string& settings, const std
          files.write(folder + kListFile, list) && files.finish();
 }
 
-bool sameFolder(const std::string& first, const std::string& second) {
+}  // namespace
+
+bool isSame(const std::string& first, const std::string& second) {
   std::error_code error;
   return std::filesystem::equivalent(pathFromUtf8(first), pathFromUtf8(second), error);
 }
-
-}  // namespace
 
 bool isSet(const std::string& folder) { return !folder.empty() && folder != kNotSet; }
 
@@ -110,7 +110,7 @@ SavedLibrary saveLibrary(const LibrarySettings& settings, std::span<const Librar
   const std::string list = listText(libraries);
   const std::string shared = quiltorFolder(true), own = quiltorFolder(false);
   if (allUsers && writeBoth(shared, settingsLines, list)) {
-    if (!own.empty() && !sameFolder(shared, own)) {
+    if (!own.empty() && !isSame(shared, own)) {
       for (const char* file : {kSettingsFile, kListFile}) removeFile(own + file);
     }
     return {shared};

@@ -10,6 +10,9 @@ namespace quiltor::standalone {
 
 // What the dialogs write: the settings and the list of libraries that was made from them.
 
+// Whether two paths lead to one file or folder that is there.
+[[nodiscard]] bool isSame(const std::string& first, const std::string& second);
+
 // Whether a configured folder is one and not the mark of none.
 [[nodiscard]] bool isSet(const std::string& folder);
 
