@@ -16,6 +16,7 @@
 #include "library/cache_names.h"
 #include "library/files/folders.h"
 #include "library/unfinished_png.h"
+#include "platform/folder.h"
 #include "standalone/cli/command_error.h"
 #include "standalone/cli/line_text.h"
 #include "standalone/cli/parallel_work.h"
@@ -23,6 +24,7 @@
 #include "standalone/cli/progress_bar.h"
 #include "standalone/cli/quiet_output.h"
 #include "standalone/cli/typed_path.h"
+#include "standalone/library/library_files.h"
 
 namespace quiltor::standalone {
 namespace {
@@ -141,10 +143,14 @@ class Conversion {
     conversion.problems = describeFailures(file.report, file.refused);
     if (file.patterns.empty() && conversion.problems.empty()) fail("it holds no patterns");
     if (file.patterns.empty()) return;
-    const auto [other, first] = sources_.emplace(name, conversion.path);
-    if (!first) return fail("its pictures would replace those of " + other->second);
     const std::string folder = convertedPatternFolder(output_, name);
     if (!createFolderChain(folder)) return fail("the folder " + folder + " cannot be made");
+    // Names that differ may lead to one folder, by a link or, on some systems, in their case alone.
+    const auto made = readFolder(folder);
+    if (!made) return fail("the folder " + folder + " cannot be read");
+    const auto [other, first] = sources_.emplace(made->identity, conversion.path);
+    if (!first && isSame(other->second, conversion.path)) return;
+    if (!first) return fail("its pictures would replace those of " + other->second);
     removeUnfinished(folder);
     const std::vector<std::size_t> places = placesOf(file);
     for (std::size_t i = 0; i < file.patterns.size(); ++i) {
@@ -188,7 +194,7 @@ class Conversion {
   ProgressBar progress_;
   std::vector<std::string> files_;
   std::set<std::string> known_;
-  std::map<std::string, std::string> sources_;  // of what stands in the output, by its name
+  std::map<FolderIdentity, std::string> sources_;  // of what stands in the output's folders
   std::size_t convertedFiles_ = 0, patterns_ = 0, failures_ = 0;
   std::size_t readingStarted_ = 0, told_ = 0;  // of the files
   ParallelWork work_;

@@ -245,6 +245,33 @@ TEST_F(LinuxConvertCommand, keepsEachFailureOnItsLineWhateverAFileIsCalled) {
   EXPECT_EQ(std::ranges::count(outcome.err, '\n'), 1) << outcome.err;
   EXPECT_THAT(outcome.err, HasSubstr("/a b [2J.pat: 1st pattern"));
 }
+
+TEST_F(LinuxConvertCommand, doesNotMixFilesWhoseFoldersAreOneByALink) {
+  const std::string first = write("first.pat", {greyPattern()}), second = write("second.pat", {rgbPattern()});
+  std::filesystem::create_directories(output + "/first");
+  std::filesystem::create_directory_symlink("first", output + "/second");
+  const Outcome outcome = convert({first, second});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err, "quiltor: " + second + ": its pictures would replace those of " + first + "\n");
+  EXPECT_THAT(made(), ElementsAre("first/first_00.png"));
+}
+#else
+using WindowsConvertCommand = ConvertCommandTest;
+
+TEST_F(WindowsConvertCommand, doesNotMixFilesWhoseNamesDifferInTheirCase) {
+  const std::string first = write("a/Wood.pat", {greyPattern()}), second = write("b/wood.pat", {rgbPattern()});
+  const Outcome outcome = convert({first, second});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(withSlashes(outcome.err), "quiltor: " + second + ": its pictures would replace those of " + first + "\n");
+  EXPECT_THAT(made(), ElementsAre("Wood/Wood_00.png"));
+}
+
+TEST_F(WindowsConvertCommand, convertsAFileOnceThatIsNamedInTwoCases) {
+  static_cast<void>(write("Wood.pat", {greyPattern()}));
+  const Outcome outcome = convert({folder.path("Wood.pat"), folder.path("wood.pat")});
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_THAT(outcome.out, HasSubstr("1 file, 1 pattern converted"));
+}
 #endif
 
 }  // namespace
