@@ -23,6 +23,7 @@
 #include "standalone/cli/pattern_report.h"
 #include "standalone/cli/progress_bar.h"
 #include "standalone/cli/quiet_output.h"
+#include "standalone/cli/read_ahead.h"
 #include "standalone/cli/typed_path.h"
 #include "standalone/library/library_files.h"
 
@@ -33,6 +34,14 @@ std::string identity(const std::string& path) {
   std::error_code error;
   const auto canonical = std::filesystem::weakly_canonical(pathFromUtf8(path), error);
   return error ? path : utf8FromPath(canonical);
+}
+
+constexpr uint64_t kMostBytesAhead = uint64_t{256} << 20;
+
+uint64_t bytesOf(const std::string& path) {
+  std::error_code error;
+  const auto bytes = std::filesystem::file_size(pathFromUtf8(path), error);
+  return error ? 0 : bytes;
 }
 
 const char* describeSaving(int32_t result) {
@@ -65,10 +74,14 @@ class Conversion {
       while (!converting_.empty()) tellOfFirst();
     };
     showProgress();
+    ReadAhead<PatternsOfFile> reading(work_,
+                                      {files_.size(), [this](std::size_t file) { return bytesOf(files_[file]); },
+                                       [this](std::size_t file) { return readPatterns(files_[file]); }},
+                                      kMostBytesAhead);
     try {
       for (const std::string& path : files_) {
         converting_.push_back({path, {}, {}});
-        convert(converting_.back());
+        convert(converting_.back(), reading.next());
       }
     } catch (...) {
       tellRest();
@@ -88,6 +101,13 @@ class Conversion {
   struct Saving {
     std::string pattern, target;
     std::future<const char*> problem;
+
+    // Waiting for what is finished gives back its thread, of which a file of many patterns would hold as many.
+    bool isFinished() const {
+      const bool finished = problem.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+      if (finished) problem.wait();
+      return finished;
+    }
   };
   struct FileConversion {
     std::string path;
@@ -125,19 +145,8 @@ class Conversion {
     progress_.show(told_, files_.size(), utf8FromPath(pathFromUtf8(files_[told_]).filename()));
   }
 
-  PatternsOfFile nextFile() {
-    while (reading_.size() < work_.atOnce() && readingStarted_ < files_.size()) {
-      reading_.push_back(work_.start([&path = files_[readingStarted_]] { return readPatterns(path); }));
-      ++readingStarted_;
-    }
-    std::future<PatternsOfFile> next = std::move(reading_.front());
-    reading_.pop_front();
-    return next.get();
-  }
-
-  void convert(FileConversion& conversion) {
+  void convert(FileConversion& conversion, PatternsOfFile file) {
     const auto fail = [&](const std::string& problem) { conversion.problems.push_back(problem); };
-    PatternsOfFile file = nextFile();
     const std::string name = patternFileName(conversion.path);
     if (name.empty() || name == "." || name == "..") return fail("its name leaves none for a folder");
     conversion.problems = describeFailures(file.report, file.refused);
@@ -163,14 +172,13 @@ class Conversion {
     auto problem =
         work_.start([pattern = std::move(pattern), target]() mutable { return save(std::move(pattern), target); });
     conversion.savings.push_back({std::move(described), target, std::move(problem)});
+    for (const Saving& saving : conversion.savings) static_cast<void>(saving.isFinished());
     // Of the last one, not all pictures may have been started.
     while (converting_.size() > 1 && isFinished(converting_.front())) tellOfFirst();
   }
 
   static bool isFinished(const FileConversion& conversion) {
-    return std::ranges::all_of(conversion.savings, [](const Saving& saving) {
-      return saving.problem.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
-    });
+    return std::ranges::all_of(conversion.savings, &Saving::isFinished);
   }
 
   void tellOfFirst() {
@@ -196,10 +204,9 @@ class Conversion {
   std::set<std::string> known_;
   std::map<FolderIdentity, std::string> sources_;  // of what stands in the output's folders
   std::size_t convertedFiles_ = 0, patterns_ = 0, failures_ = 0;
-  std::size_t readingStarted_ = 0, told_ = 0;  // of the files
+  std::size_t told_ = 0;  // of the files
   ParallelWork work_;
-  std::deque<std::future<PatternsOfFile>> reading_;  // the next files, in their order
-  std::deque<FileConversion> converting_;            // of the files that are not told of yet
+  std::deque<FileConversion> converting_;  // of the files that are not told of yet
 };
 
 }  // namespace
