@@ -14,7 +14,7 @@ class NoDialogs : public std::runtime_error {
 };
 
 // Loads QuiltorDialogs.so from beside the program, or from the options' folder, so that only those who open dialogs
-// wait for Qt. It stays loaded. Throws NoDialogs when it was not built or cannot run here.
+// wait for Qt. It stays loaded. Throws NoDialogs when it was not built or cannot run here, and always on Windows.
 [[nodiscard]] std::unique_ptr<DialogRunner> loadDialogRunner(const DialogOptions& options);
 
 }  // namespace quiltor::standalone

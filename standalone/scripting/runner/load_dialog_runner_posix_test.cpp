@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -15,15 +14,13 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-// Why the dialogs of a folder cannot be loaded, with the same separator everywhere.
+// Why the dialogs of a folder cannot be loaded.
 std::string reason(const std::string& folder) {
   std::ostringstream out;
   try {
     static_cast<void>(loadDialogRunner({.folder = folder, .out = &out}));
   } catch (const NoDialogs& error) {
-    std::string text = error.what();
-    std::ranges::replace(text, '\\', '/');
-    return text;
+    return error.what();
   }
   return "";
 }
