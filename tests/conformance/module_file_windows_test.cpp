@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/utf8_path.h"
+#include "tests/conformance/version_information_windows.h"
 #include "tests/conformance/windows_module_file.h"
 #include "tests/support/effect_test.h"
 
@@ -8,7 +10,8 @@ namespace quiltor {
 namespace {
 
 using testing::ElementsAre;
-using testing::UnorderedElementsAre;
+using testing::IsSubsetOf;
+using testing::IsSupersetOf;
 
 class ModuleFile : public testing_support::EffectTest {
  protected:
@@ -20,7 +23,9 @@ TEST(Module, ExportsItsEntryPointAndNothingElse) {
 }
 
 TEST_F(ModuleFile, ImportsNothingButLibrariesOfTheSystem) {
-  EXPECT_THAT(file.imports(), UnorderedElementsAre("KERNEL32.dll", "msvcrt.dll", "SHELL32.dll", "USER32.dll"));
+  // A compiler whose runtime library is linked in takes no msvcrt.dll.
+  EXPECT_THAT(file.imports(), IsSupersetOf({"KERNEL32.dll", "SHELL32.dll", "USER32.dll"}));
+  EXPECT_THAT(file.imports(), IsSubsetOf({"KERNEL32.dll", "msvcrt.dll", "SHELL32.dll", "USER32.dll"}));
 }
 
 TEST_F(ModuleFile, SaysInItsResourceWhatGlobalSetupReports) {
@@ -41,6 +46,27 @@ TEST_F(ModuleFile, SaysInItsResourceWhatGlobalSetupReports) {
   EXPECT_EQ(resource.number("eSVR"), 13u | 9u << 16);
   EXPECT_EQ(resource.number("eINF"), 0u);
   EXPECT_EQ(resource.number("aeFL"), 0u);
+}
+
+TEST_F(ModuleFile, SaysToTheSystemWhichEffectAndVersionItIs) {
+  ASSERT_EQ(effect.globalSetup().code, 0);
+  const DWORD major = effect.version() >> 19 & 7, minor = effect.version() >> 15 & 15,
+              bug = effect.version() >> 11 & 15;
+  const VersionInformation information(QUILTOR_MODULE_PATH);
+  EXPECT_EQ(information.fixed().dwFileVersionMS, major << 16 | minor);
+  EXPECT_EQ(information.fixed().dwFileVersionLS, bug << 16);
+  EXPECT_EQ(information.fixed().dwProductVersionMS, information.fixed().dwFileVersionMS);
+  EXPECT_EQ(information.fixed().dwProductVersionLS, information.fixed().dwFileVersionLS);
+  EXPECT_EQ(information.fixed().dwFileOS, DWORD{VOS_NT_WINDOWS32});
+  EXPECT_EQ(information.fixed().dwFileType, DWORD{VFT_DLL});
+  const std::string version = std::to_string(major) + "." + std::to_string(minor) + "." + std::to_string(bug);
+  EXPECT_EQ(information.text("FileVersion"), version);
+  EXPECT_EQ(information.text("ProductVersion"), version);
+  const std::string name = EffectResource(file.resource(u"PIPL", 16000)).countedText("name");
+  EXPECT_EQ(information.text("ProductName"), name);
+  EXPECT_EQ(information.text("InternalName"), name);
+  EXPECT_EQ(information.text("OriginalFilename"), utf8FromPath(pathFromUtf8(QUILTOR_MODULE_PATH).filename()));
+  EXPECT_EQ(information.text("FileDescription"), "Draws a pattern over a layer");
 }
 
 }  // namespace
