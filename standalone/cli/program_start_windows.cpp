@@ -1,4 +1,3 @@
-#include <io.h>
 #include <windows.h>
 // After the header that it needs.
 #include <shellapi.h>
@@ -13,27 +12,44 @@
 namespace quiltor::standalone {
 namespace {
 
-// Has the console take UTF-8 until the program ends: the console is not the program's own.
-class Utf8Console {
+// Has the console take UTF-8, and escape sequences in errors, until the program ends: the console is not the program's
+// own.
+class OwnConsole {
  public:
-  Utf8Console() { SetConsoleOutputCP(CP_UTF8); }
-  ~Utf8Console() {
+  OwnConsole() {
+    SetConsoleOutputCP(CP_UTF8);
+    takesEscapes_ = GetConsoleMode(errors_, &modeBefore_) &&
+                    SetConsoleMode(errors_, modeBefore_ | ENABLE_PROCESSED_OUTPUT | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+  }
+  ~OwnConsole() {
     std::cout.flush();
     std::fflush(stdout);
     SetConsoleOutputCP(before_);
+    if (takesEscapes_) SetConsoleMode(errors_, modeBefore_);
   }
-  Utf8Console(const Utf8Console&) = delete;
-  Utf8Console& operator=(const Utf8Console&) = delete;
+  OwnConsole(const OwnConsole&) = delete;
+  OwnConsole& operator=(const OwnConsole&) = delete;
+
+  // Of a file or a pipe it is false, and of a console that shows them as characters.
+  [[nodiscard]] bool takesEscapes() const { return takesEscapes_; }
 
  private:
   const UINT before_ = GetConsoleOutputCP();
+  const HANDLE errors_ = GetStdHandle(STD_ERROR_HANDLE);
+  DWORD modeBefore_ = 0;
+  bool takesEscapes_ = false;
 };
+
+const OwnConsole& ownConsole() {
+  static const OwnConsole console;
+  return console;
+}
 
 }  // namespace
 
 // The words that main() is given are in the system's code page, which has not all characters.
 std::vector<std::string> startProgram(int argc, char** argv) {
-  static const Utf8Console console;
+  ownConsole();
   int count = 0;
   const std::unique_ptr<wchar_t*, decltype(&LocalFree)> words(CommandLineToArgvW(GetCommandLineW(), &count),
                                                               &LocalFree);
@@ -43,6 +59,6 @@ std::vector<std::string> startProgram(int argc, char** argv) {
   return arguments;
 }
 
-bool errorsGoToTerminal() { return _isatty(_fileno(stderr)) != 0; }
+bool errorsGoToTerminal() { return ownConsole().takesEscapes(); }
 
 }  // namespace quiltor::standalone
