@@ -22,9 +22,14 @@ licence libjpeg-turbo "$sources/libjpeg-turbo/LICENSE.md" "$sources/libjpeg-turb
 licence highway "$sources/highway/LICENSE"
 licence pixman "$sources/pixman/COPYING"
 licence cairo "$sources"/cairo/COPYING*
-for package in libz-mingw-w64-dev mingw-w64-common gcc-mingw-w64-base libcli11-dev nlohmann-json3-dev libboost-dev; do
+for package in libz-mingw-w64-dev mingw-w64-common gcc-mingw-w64-base; do
   licence "$package" "/usr/share/doc/$package/copyright"
 done
+for library in cli11 nlohmann-json boost; do licence "$library" <(cmake/header_licences.sh "$library"); done
+# What they point to on this system has to come along.
+mkdir "$folder/licences/common-licenses"
+grep -ohE '/usr/share/common-licenses/[A-Za-z0-9.-]*[A-Za-z0-9]' "$folder"/licences/*.txt | sort -u |
+  while read -r file; do cp "$file" "$folder/licences/common-licenses/$(basename "$file").txt"; done
 
 (
   cd "$1"

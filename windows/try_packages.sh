@@ -23,6 +23,12 @@ mkdir -p "$work"/{windows,Textures} "$root"/var/lib/dpkg/{info,triggers,updates}
 unzip -q "$packages"/Quiltor-*-win64.zip -d "$work/windows"
 cp samples/layer.png samples/dots.png samples/tiles.pat "$work/Textures"
 
+# --- the terms of what is part of the programs come along ---
+
+while read -r name; do
+  [[ -s "$(echo "$work"/windows/*/licences)/$name.txt" ]] || fail "the licences for Windows point to $name, which is not there"
+done < <(grep -rohE 'common-licenses/[A-Za-z0-9.-]*[A-Za-z0-9]' "$work"/windows/*/licences | sort -u)
+
 # --- the Debian package, installed into a root of its own ---
 
 # in_root OPTION...: does it with dpkg, which takes for installed what this system has, and leaves the system alone.
@@ -50,6 +56,7 @@ needed() {
 
 cp /var/lib/dpkg/status "$root/var/lib/dpkg"
 in_root --install "$packages"/quiltor_*_amd64.deb
+[[ -s "$root/usr/share/doc/quiltor/copyright" ]] || fail "the Debian package has no copyright file"
 for file in "$root"/usr/lib/*/quiltor/*; do needed "$file"; done | sort -u >"$out/needed"
 dpkg-query --admindir="$root/var/lib/dpkg" --show --showformat='${Depends}' quiltor | tr ',' '\n' | awk '{ print $1 }' |
   sort -u >"$out/depends"

@@ -10,6 +10,17 @@ install(CODE "
   file(MAKE_DIRECTORY \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin\")
   file(CREATE_LINK \"../${package_folder}/quiltor\" \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/bin/quiltor\" SYMBOLIC)")
 install(FILES "${PROJECT_SOURCE_DIR}/README.md" DESTINATION share/doc/quiltor)
+install(CODE "
+  set(terms \"The programs of this package have parts of these libraries compiled into them, under the terms below.\n\")
+  foreach(library cli11 nlohmann-json boost highway)
+    execute_process(COMMAND \"${PROJECT_SOURCE_DIR}/cmake/header_licences.sh\" \${library}
+                    OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
+    string(APPEND terms \"\\n\\n--- \${library} ---\\n\\n\${text}\")
+  endforeach()
+  set(folder \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/share/doc/quiltor\")
+  file(MAKE_DIRECTORY \"\${folder}\")
+  file(WRITE \"\${folder}/copyright\" \"\${terms}\")
+  file(CHMOD \"\${folder}/copyright\" PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)")
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME quiltor)
