@@ -1,5 +1,5 @@
 # The Debian package of the stand-alone host: the program and the module lie side by side, as the program expects.
-# Deliberate: not right below lib, for which CPack has the package call ldconfig, as if others linked the module.
+# Not right below lib, for which CPack has the package call ldconfig, as if others linked the module.
 set(package_folder "lib/${CMAKE_LIBRARY_ARCHITECTURE}/quiltor")
 install(TARGETS quiltor RUNTIME DESTINATION "${package_folder}")
 install(TARGETS Quiltor LIBRARY DESTINATION "${package_folder}")
