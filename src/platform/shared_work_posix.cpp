@@ -7,7 +7,6 @@
 #include <cstddef>
 #include <mutex>
 #include <new>
-#include <thread>
 
 #include "platform/shared_work.h"
 
@@ -23,8 +22,9 @@ struct Work {
   Work* next = nullptr;
 };
 
-// Threads that outlive their work, one for each processor: to start 32 new ones takes longer than a small frame. They
-// end with the module.
+constexpr int kMost = 64;
+
+// Threads that outlive their work: to start new ones takes longer than a small frame. They end with the module.
 class Helpers {
  public:
   static Helpers& all();
@@ -33,7 +33,7 @@ class Helpers {
   bool areHere() const { return getpid() == process_; }
 
   void offer(Work& work) {
-    work.places = std::min(work.places, most_);
+    work.places = std::min(work.places, kMost);
     {
       const std::lock_guard lock(mutex_);
       while (started_ < work.places && start()) {
@@ -105,10 +105,8 @@ class Helpers {
   std::condition_variable offers_, ends_;
   Work* offered_ = nullptr;
   bool ending_ = false;
-  std::array<pthread_t, 64> threads_{};
+  std::array<pthread_t, kMost> threads_{};
   int started_ = 0;
-  // The caller has a processor too.
-  const int most_ = std::clamp(static_cast<int>(std::thread::hardware_concurrency()) - 1, 1, 64);
 };
 
 // Deliberate: never destroyed, because a fork that destroyed it would wait for threads that it does not have.

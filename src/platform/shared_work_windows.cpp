@@ -1,8 +1,5 @@
 #include <windows.h>
 
-#include <algorithm>
-#include <thread>
-
 #include "platform/shared_work.h"
 
 namespace quiltor {
@@ -22,11 +19,9 @@ struct Work {
 
 // The threads are those of the process's pool, which outlive their work: to start new ones takes longer than a frame.
 void shareWork(int helpers, void (*work)(void*) noexcept, void* argument) {
-  // The caller has a processor too.
-  static const int most = std::max(1, static_cast<int>(std::thread::hardware_concurrency()) - 1);
   Work shared{work, argument};
   const PTP_WORK queued = helpers > 0 ? CreateThreadpoolWork(&Work::start, &shared, nullptr) : nullptr;
-  for (int i = 0; queued && i < std::min(helpers, most); ++i) SubmitThreadpoolWork(queued);
+  for (int i = 0; queued && i < helpers; ++i) SubmitThreadpoolWork(queued);
   work(argument);
   if (!queued) return;
   // Deliberate: who has not come by now finds nothing left, and is not waited for.

@@ -4,6 +4,7 @@
 #include <array>
 #include <atomic>
 #include <exception>
+#include <thread>
 
 #include "platform/shared_work.h"
 
@@ -47,8 +48,10 @@ class Pass {
 }  // namespace
 
 void runOnWorkers(int32_t rows, const std::function<void(int32_t first, int32_t end)>& work) {
+  // The caller has a processor too; to wake more threads than can run costs a small frame a good part of its time.
+  static const int helpers = std::clamp(static_cast<int>(std::thread::hardware_concurrency()) - 1, 1, kWorkers);
   Pass pass(rows, work);
-  shareWork(kWorkers, &Pass::takeParts, &pass);
+  shareWork(helpers, &Pass::takeParts, &pass);
   pass.rethrowFirstFailure();
 }
 
