@@ -3,7 +3,9 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstdlib>
+#include <thread>
 
 #include "platform/shared_work.h"
 
@@ -28,6 +30,7 @@ constexpr auto kEnd = std::exit;
 
 TEST(LinuxSharedWork, IsDoneByTheCallerAloneInAForkWhichHasNoHelpers) {
   EXPECT_GE(visitsBeside8(), 1);
+  std::this_thread::sleep_for(std::chrono::milliseconds(100));  // by when they wait for more
   const pid_t fork = ::fork();
   if (fork == 0) {
     alarm(10);
