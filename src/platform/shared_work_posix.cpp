@@ -33,15 +33,15 @@ class Helpers {
   bool areHere() const { return getpid() == process_; }
 
   void offer(Work& work) {
-    work.places = std::min(work.places, kMost);
+    const int wanted = work.places;
     {
       const std::lock_guard lock(mutex_);
-      while (started_ < work.places && start()) {
+      while (started_ < wanted && start()) {
       }
       work.next = offered_;
       offered_ = &work;
     }
-    for (int i = 0; i < work.places; ++i) offers_.notify_one();
+    for (int i = 0; i < wanted; ++i) offers_.notify_one();
   }
 
   // Who has not begun by now finds nothing left, and is not waited for.
@@ -126,7 +126,7 @@ Helpers& Helpers::all() {
 void shareWork(int helpers, void (*work)(void*) noexcept, void* argument) {
   Helpers& all = Helpers::all();
   if (helpers < 1 || !all.areHere()) return work(argument);
-  Work shared{work, argument, helpers};
+  Work shared{work, argument, std::min(helpers, kMost)};
   all.offer(shared);
   work(argument);
   all.finish(shared);
