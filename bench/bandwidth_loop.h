@@ -7,8 +7,8 @@
 
 namespace quiltor::bench {
 
-// Moves bytes between the cores and memory: copies half as many as it is to move, on all cores, each
-// from memory of its own: none finds in a shared cache what another has read.
+// Moves bytes between the cores and memory: copies half as many as it is to move, on all cores, each from memory of its
+// own, so that none finds in a shared cache what another has read.
 class BandwidthLoop {
  public:
   BandwidthLoop(double bytes, int threads)

@@ -6,8 +6,8 @@
 
 namespace quiltor {
 
-// Longer than any machine is busy with something else, and shorter than a test may take.
-inline constexpr std::chrono::minutes kLongPatience{4};
+// Longer than a machine is busy with something else.
+inline constexpr std::chrono::seconds kLongPatience{30};
 
 // Waits until a condition holds that another thread or process brings about, and goes on at once. False when it still
 // does not hold after so long.
