@@ -66,6 +66,8 @@ const ProcessWork kRenderMany("render many frames", [](const std::vector<std::st
   Instance instance(effect);
   ++turns->arrivals;  // the setup of an instance waits for renders too
   if (!instance.setUp().succeeded()) return 2;
+  // Frames are drawn faster than a process starts.
+  if (!hangs && !waitFor([&] { return turns->arrivals == 2; })) return 4;
   World input(WorldFormat::Argb8, 3, kRows);
   const int frames = hangs ? 1 : std::stoi(words[1]);
   for (int frame = 0; frame < frames; ++frame) {
