@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <random>
@@ -72,7 +73,12 @@ TEST_F(ConversionKill, At200RandomMomentsLeavesOnlyWholePicturesAndTheNextRunFin
   for (int i = 0; i < 8; ++i) {
     writePng(library(std::to_string(i) + ".png"), {.width = 50, .height = 50, .pixels = someBytes(7500)});
   }
-  const microseconds duration = fullRun();
+  // The machine may be busy with something else for a while; kills after the end try nothing.
+  microseconds duration = fullRun();
+  for (int turn = 0; turn < 2; ++turn) {
+    removeResults();
+    duration = std::min(duration, fullRun());
+  }
   const auto expected = results();
   ASSERT_EQ(expected.size(), 16u);
 
